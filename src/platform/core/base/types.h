@@ -34,6 +34,12 @@ struct TSizeF {
   bool operator==(const TSizeF&) const = default;
 };
 
+// Integer rectangle, as pixel insets or bounds.
+struct TRect {
+  int Left = 0, Top = 0, Right = 0, Bottom = 0;
+  bool operator==(const TRect&) const = default;
+};
+
 struct TRectF {
   double Left = 0, Top = 0, Right = 0, Bottom = 0;
   double Width() const { return Right - Left; }
