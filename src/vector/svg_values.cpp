@@ -149,4 +149,30 @@ bool TqxSVGValues::TryStrToColor(std::string_view S, TAlphaColor& C) {
   return HexToColor(digits, C);
 }
 
+bool TqxSVGValues::TryStrToStrokeLineCap(std::string_view S, TqxStrokeLineCap& ACap) {
+  if (SameText(S, "butt")) {
+    ACap = TqxStrokeLineCap::Butt;
+  } else if (SameText(S, "round")) {
+    ACap = TqxStrokeLineCap::Round;
+  } else if (SameText(S, "square")) {
+    ACap = TqxStrokeLineCap::Square;
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool TqxSVGValues::TryStrToStrokeLineJoin(std::string_view S, TqxStrokeLineJoin& AJoin) {
+  if (SameText(S, "miter")) {
+    AJoin = TqxStrokeLineJoin::Miter;
+  } else if (SameText(S, "round")) {
+    AJoin = TqxStrokeLineJoin::Round;
+  } else if (SameText(S, "bevel")) {
+    AJoin = TqxStrokeLineJoin::Bevel;
+  } else {
+    return false;
+  }
+  return true;
+}
+
 }  // namespace qx

@@ -4,7 +4,13 @@
 #include <string_view>
 #include <vector>
 
+#include <pugixml.hpp>
+
+#include "platform/core/base/matrix.h"
 #include "platform/core/base/types.h"
+#include "platform/core/vector/vector_brush.h"
+#include "platform/core/vector/vector_gradient.h"
+#include "platform/core/vector/vector_transform.h"
 
 namespace qx {
 
@@ -37,6 +43,25 @@ public:
   static bool TryParseSingleArray(std::string_view S, char ASeparator, std::vector<float>& A);
   // "#RGB", "#RRGGBB" (opaque) or any other hex length read as AARRGGBB.
   static bool TryStrToColor(std::string_view S, TAlphaColor& C);
+  // Case is ignored: "butt", "round", "square".
+  static bool TryStrToStrokeLineCap(std::string_view S, TqxStrokeLineCap& ACap);
+  // Case is ignored: "miter", "round", "bevel".
+  static bool TryStrToStrokeLineJoin(std::string_view S, TqxStrokeLineJoin& AJoin);
+
+  // Six numbers a b c d e f, separated by blanks or commas, as the rows
+  // (a, b, 0), (c, d, 0), (e, f, 1). Raises on a bad or missing number.
+  static TMatrix StrToMatrix(std::string_view S);
+
+  // The node's `transform` attribute; false when it has none. Raises when a
+  // translate or scale step has a bad number.
+  static bool ReadTransform(const pugi::xml_node& ANode, TqxVectorTransform& T);
+  // The steps translate, translatex, translatey, rotate, scale, scalex and
+  // scaley; every other step, matrix and skews included, is passed over.
+  static TqxVectorTransform ParseTransform(std::string_view AValue);
+  // The node's `gradientTransform`, when it is a matrix, becomes the gradient's
+  // `Transform`; any other value is passed over. Raises on a bad number.
+  static void ReadGradientTransform(const pugi::xml_node& ANode, TqxVectorGradient& AGradient);
+  static void ParseGradientTransform(std::string_view AValue, TqxVectorGradient& AGradient);
 };
 
 }  // namespace qx
