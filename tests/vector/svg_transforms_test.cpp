@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include <pugixml.hpp>
 
 #include "platform/core/base/exception.h"
@@ -151,30 +153,25 @@ TEST(SvgTransformTest, GradientTransformReadsOnlyTheMatrixForm) {
   }
 }
 
-TEST(SvgTransformTest, LineCapsAndJoinsIgnoreCaseAndNothingElse) {
-  TqxStrokeLineCap cap = TqxStrokeLineCap::Square;
-  EXPECT_TRUE(R::TryStrToStrokeLineCap("BUTT", cap));
-  EXPECT_EQ(cap, TqxStrokeLineCap::Butt);
-  EXPECT_TRUE(R::TryStrToStrokeLineCap("Round", cap));
-  EXPECT_EQ(cap, TqxStrokeLineCap::Round);
-  EXPECT_TRUE(R::TryStrToStrokeLineCap("square", cap));
-  EXPECT_EQ(cap, TqxStrokeLineCap::Square);
-  for (const char* text : {" round", "bevel", "", "inherit"}) {
-    EXPECT_FALSE(R::TryStrToStrokeLineCap(text, cap)) << text;
-    EXPECT_EQ(cap, TqxStrokeLineCap::Square);
-  }
-
-  TqxStrokeLineJoin join = TqxStrokeLineJoin::Round;
-  EXPECT_TRUE(R::TryStrToStrokeLineJoin("Miter", join));
-  EXPECT_EQ(join, TqxStrokeLineJoin::Miter);
-  EXPECT_TRUE(R::TryStrToStrokeLineJoin("BEVEL", join));
-  EXPECT_EQ(join, TqxStrokeLineJoin::Bevel);
-  EXPECT_TRUE(R::TryStrToStrokeLineJoin("round", join));
-  EXPECT_EQ(join, TqxStrokeLineJoin::Round);
-  for (const char* text : {"round ", "butt", "miter-clip", "arcs"}) {
-    EXPECT_FALSE(R::TryStrToStrokeLineJoin(text, join)) << text;
-    EXPECT_EQ(join, TqxStrokeLineJoin::Round);
-  }
+TEST(SvgLineStyleTest, CapsAndJoinsIgnoreCaseButNotBlanks) {
+  using Cap = TqxStrokeLineCap;
+  using Join = TqxStrokeLineJoin;
+  const auto cap = [](const char* text) {
+    Cap value = Cap::Square;
+    return R::TryStrToStrokeLineCap(text, value) ? std::optional(value) : std::nullopt;
+  };
+  const auto join = [](const char* text) {
+    Join value = Join::Round;
+    return R::TryStrToStrokeLineJoin(text, value) ? std::optional(value) : std::nullopt;
+  };
+  EXPECT_EQ(cap("BUTT"), Cap::Butt);
+  EXPECT_EQ(cap("Round"), Cap::Round);
+  EXPECT_EQ(cap("square"), Cap::Square);
+  EXPECT_EQ(join("Miter"), Join::Miter);
+  EXPECT_EQ(join("round"), Join::Round);
+  EXPECT_EQ(join("BEVEL"), Join::Bevel);
+  for (const char* text : {" round", "round ", "bevel", "", "inherit"}) EXPECT_EQ(cap(text), std::nullopt) << text;
+  for (const char* text : {" round", "butt", "miter-clip", "arcs"}) EXPECT_EQ(join(text), std::nullopt) << text;
 }
 
 }  // namespace
