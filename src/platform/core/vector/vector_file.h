@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -10,18 +9,18 @@ namespace qx {
 class TqxVectorDocument;
 
 // The .vector file: a versioned, little-endian binary form of a vector
-// document. docs/vector-format.md describes it byte by byte.
+// document, closed by a checksum. docs/vector-format.md describes it byte by
+// byte. Every failure raises Exception with the file name; read failures also
+// give the byte offset of the fault.
 class TqxVectorFile {
 public:
-  static constexpr std::uint32_t kVersion = 1;
-
-  // Through a temporary file beside the target, renamed over it when complete.
+  // Through a temporary file beside the target, renamed over it when complete,
+  // so a failed save leaves any earlier file whole.
   static void Save(const TqxVectorDocument& document, const std::string& fileName);
   static void Write(const TqxVectorDocument& document, std::ostream& stream);
   static std::string Encode(const TqxVectorDocument& document);
 
-  // Each raises Exception naming the source and the byte offset of the fault;
-  // the document is changed only when the whole content was read.
+  // The document is changed only when the whole content was read.
   static void Load(TqxVectorDocument& document, const std::string& fileName);
   static void Read(TqxVectorDocument& document, std::istream& stream, const std::string& sourceName);
   static void Decode(TqxVectorDocument& document, std::string_view bytes, const std::string& sourceName);
