@@ -61,42 +61,27 @@ TEST(VectorTransformTest, RotationAndIdentity) {
   ExpectPointNear(TPointF{1, 1} * (s * t), 5, 9);
 }
 
-TEST(VectorDocumentTest, OperationsAppendCommandsInOrder) {
+TEST(VectorDocumentTest, CommandsHoldCopiesOfRecordsAndClearEmpties) {
   TqxVectorDocument document;
   document.Size = {48, 48};
-  document.ViewBox = {0, 0, 24, 24};
   TqxVectorBrush brush;
   brush.Fill = std::string("#FFFF0000");
   TqxVectorTransform transform;
   transform.AddTranslation(1, 2);
-  auto gradient = std::make_shared<TqxVectorLinearGradient>();
-
-  document.BeginGroup();
   document.SetBrush(brush);
   document.SetTransform(transform);
-  document.SetGradient(gradient, false);
-  document.DrawPath("M0 0 L1 1");
-  document.EndGroup();
 
-  ASSERT_EQ(document.Commands.size(), 6u);
-  EXPECT_EQ(document.Commands[0]->Kind, TqxVectorCommandKind::BeginGroup);
-  EXPECT_EQ(document.Commands[1]->Brush, brush);
-  EXPECT_EQ(document.Commands[2]->Matrix, transform.Matrix);
-  EXPECT_EQ(document.Commands[3]->Gradient.get(), gradient.get());
-  EXPECT_FALSE(document.Commands[3]->IsFill);
-  EXPECT_EQ(document.Commands[4]->Path, "M0 0 L1 1");
-  EXPECT_EQ(document.Commands[5]->Kind, TqxVectorCommandKind::EndGroup);
-
-  // The brush was copied: changing the caller's record changes nothing.
+  // Changing the caller's records afterwards changes no command.
   brush.Fill = std::string("#FF0000FF");
-  EXPECT_EQ(document.Commands[1]->Brush.Fill.Value(), "#FFFF0000");
+  transform.AddScaling(3, 3);
+  EXPECT_EQ(document.Commands[0]->Brush.Fill.Value(), "#FFFF0000");
+  EXPECT_EQ(document.Commands[1]->Matrix, TMatrix::CreateTranslation(1, 2));
 
   EXPECT_THROW(document.SetGradient(nullptr, true), EqxAssertError);
 
   document.Clear();
   EXPECT_TRUE(document.Commands.empty());
   EXPECT_EQ(document.Size, TSizeF{});
-  EXPECT_EQ(document.ViewBox, TRectF{});
 }
 
 TEST(VectorDocumentTest, AddCopiesFromMakesIndependentCommands) {
