@@ -7,24 +7,11 @@
 #include <iterator>
 
 #include "platform/core/base/exception.h"
+#include "platform/core/graphics/color.h"
 
 namespace qx {
 
 namespace {
-
-std::uint32_t Premultiply(TAlphaColor color) {
-  const std::uint32_t a = color >> 24;
-  if (a == 255) return color;
-  auto scale = [a](std::uint32_t c) { return (c * a + 127) / 255; };
-  return (a << 24) | (scale((color >> 16) & 0xFF) << 16) | (scale((color >> 8) & 0xFF) << 8) | scale(color & 0xFF);
-}
-
-TAlphaColor Unpremultiply(std::uint32_t pixel) {
-  const std::uint32_t a = pixel >> 24;
-  if (a == 255 || a == 0) return a == 0 ? 0 : pixel;
-  auto scale = [a](std::uint32_t c) { return std::min<std::uint32_t>(255, (c * 255 + a / 2) / a); };
-  return (a << 24) | (scale((pixel >> 16) & 0xFF) << 16) | (scale((pixel >> 8) & 0xFF) << 8) | scale(pixel & 0xFF);
-}
 
 void CheckSize(int width, int height) {
   if (width < 0 || height < 0 || width > TqxBitmap::kMaxSide || height > TqxBitmap::kMaxSide)
@@ -48,16 +35,16 @@ void TqxBitmap::SetSize(int width, int height) {
   FPixels.assign(std::size_t(width) * std::size_t(height), 0);
 }
 
-void TqxBitmap::Clear(TAlphaColor color) { std::fill(FPixels.begin(), FPixels.end(), Premultiply(color)); }
+void TqxBitmap::Clear(TAlphaColor color) { std::fill(FPixels.begin(), FPixels.end(), PremultiplyColor(color)); }
 
 TAlphaColor TqxBitmap::GetPixel(int x, int y) const {
   if (x < 0 || y < 0 || x >= FWidth || y >= FHeight) return 0;
-  return Unpremultiply(FPixels[std::size_t(y) * FWidth + x]);
+  return UnpremultiplyColor(FPixels[std::size_t(y) * FWidth + x]);
 }
 
 void TqxBitmap::SetPixel(int x, int y, TAlphaColor color) {
   if (x < 0 || y < 0 || x >= FWidth || y >= FHeight) return;
-  FPixels[std::size_t(y) * FWidth + x] = Premultiply(color);
+  FPixels[std::size_t(y) * FWidth + x] = PremultiplyColor(color);
 }
 
 std::unique_ptr<TqxBitmap> TqxBitmap::LoadFromMemory(const void* data, std::size_t size) {
@@ -72,7 +59,7 @@ std::unique_ptr<TqxBitmap> TqxBitmap::LoadFromMemory(const void* data, std::size
   auto bitmap = std::make_unique<TqxBitmap>(width, height);
   for (std::size_t i = 0; i < std::size_t(width) * height; ++i) {
     const stbi_uc* p = rgba + i * 4;
-    bitmap->FPixels[i] = Premultiply((TAlphaColor(p[3]) << 24) | (TAlphaColor(p[0]) << 16) | (TAlphaColor(p[1]) << 8) | p[2]);
+    bitmap->FPixels[i] = PremultiplyColor((TAlphaColor(p[3]) << 24) | (TAlphaColor(p[0]) << 16) | (TAlphaColor(p[1]) << 8) | p[2]);
   }
   stbi_image_free(rgba);
   return bitmap;
