@@ -236,17 +236,17 @@ TEST(CanvasTest, MatrixSaveRestoreAndClip) {
   TqxCanvas canvas(b);
   // The concatenated matrix acts first: translate by 1, then scale by 2.
   canvas.Scale(2, 2);
-  canvas.Concat(TqxMatrix::Translation(1, 0));
-  EXPECT_EQ(canvas.Matrix().Map({0, 0}), (TPointF{2, 0}));
+  canvas.Concat(TMatrix::CreateTranslation(1, 0));
+  EXPECT_EQ(TPointF{} * canvas.Matrix(), (TPointF{2, 0}));
 
-  canvas.SetMatrix(TqxMatrix::Identity());
+  canvas.SetMatrix(TMatrix::Identity());
   canvas.Save();
   canvas.Translate(10, 0);
   canvas.ClipRect({0, 0, 5, 20});
   canvas.FillRect({-10, 0, 20, 5}, 0, 0, kRedBrush);  // only the clip shows
   EXPECT_EQ(canvas.SaveDepth(), 1);
   canvas.Restore();
-  EXPECT_EQ(canvas.Matrix(), TqxMatrix::Identity());
+  EXPECT_EQ(canvas.Matrix(), TMatrix::Identity());
   EXPECT_EQ(b.GetPixel(9, 2), 0u);
   EXPECT_EQ(b.GetPixel(10, 2), kRed);
   EXPECT_EQ(b.GetPixel(14, 2), kRed);
@@ -292,7 +292,7 @@ TEST(CanvasTest, NonFiniteAndDegenerateInputDrawNothingAndDoNotSpoilTheCanvas) {
   canvas.Save();
   canvas.Scale(0, 1);
   canvas.FillRect({0, 0, 10, 10}, 0, 0, kRedBrush);
-  canvas.SetMatrix(TqxMatrix::Translation(nan, 0));
+  canvas.SetMatrix(TMatrix::CreateTranslation(float(nan), 0));
   canvas.FillRect({0, 0, 10, 10}, 0, 0, kRedBrush);
   canvas.Restore();
   EXPECT_TRUE(IsBlank(b));

@@ -35,15 +35,16 @@ bool Finite(const TqxBrush& brush) {
 
 // Cairo refuses matrices it can't invert and then stays in an error state, so
 // such a matrix never reaches it.
-bool Invertible(const TqxMatrix& m) {
-  if (!m.IsFinite()) return false;
-  const double det = m.M[0][0] * m.M[1][1] - m.M[0][1] * m.M[1][0];
-  return std::isfinite(det) && std::abs(det) > 1e-12 && std::isfinite(1 / det);
+bool Invertible(const TMatrix& m) {
+  for (float v : {m.m11, m.m12, m.m21, m.m22, m.m31, m.m32})
+    if (!std::isfinite(v)) return false;
+  const double det = double(m.m11) * m.m22 - double(m.m12) * m.m21;
+  return std::abs(det) > 1e-12 && std::isfinite(1 / det);
 }
 
-cairo_matrix_t ToCairo(const TqxMatrix& m) {
+cairo_matrix_t ToCairo(const TMatrix& m) {
   cairo_matrix_t result;
-  cairo_matrix_init(&result, m.M[0][0], m.M[0][1], m.M[1][0], m.M[1][1], m.M[2][0], m.M[2][1]);
+  cairo_matrix_init(&result, m.m11, m.m12, m.m21, m.m22, m.m31, m.m32);
   return result;
 }
 
@@ -192,9 +193,9 @@ TqxBrush TqxBrush::Radial(TPointF center, double radius, std::vector<TqxGradient
 struct TqxCanvas::TImpl {
   cairo_surface_t* Surface = nullptr;
   cairo_t* Cr = nullptr;  // null for an empty bitmap: every call does nothing
-  TqxMatrix Matrix;
+  TMatrix Matrix;
   bool Singular = false;
-  std::vector<TqxMatrix> Saved;
+  std::vector<TMatrix> Saved;
 
   void ApplyMatrix() {
     Singular = !Invertible(Matrix);
@@ -281,16 +282,16 @@ void TqxCanvas::Restore() {
 
 int TqxCanvas::SaveDepth() const { return int(FImpl->Saved.size()); }
 
-const TqxMatrix& TqxCanvas::Matrix() const { return FImpl->Matrix; }
+const TMatrix& TqxCanvas::Matrix() const { return FImpl->Matrix; }
 
-void TqxCanvas::SetMatrix(const TqxMatrix& matrix) {
+void TqxCanvas::SetMatrix(const TMatrix& matrix) {
   FImpl->Matrix = matrix;
   FImpl->ApplyMatrix();
 }
 
-void TqxCanvas::Concat(const TqxMatrix& matrix) { SetMatrix(matrix * FImpl->Matrix); }
-void TqxCanvas::Translate(double dx, double dy) { Concat(TqxMatrix::Translation(dx, dy)); }
-void TqxCanvas::Scale(double sx, double sy) { Concat(TqxMatrix::Scaling(sx, sy)); }
+void TqxCanvas::Concat(const TMatrix& matrix) { SetMatrix(matrix * FImpl->Matrix); }
+void TqxCanvas::Translate(double dx, double dy) { Concat(TMatrix::CreateTranslation(float(dx), float(dy))); }
+void TqxCanvas::Scale(double sx, double sy) { Concat(TMatrix::CreateScaling(float(sx), float(sy))); }
 
 void TqxCanvas::Clear(TAlphaColor color) {
   cairo_t* cr = FImpl->Cr;

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/core/base/matrix.h"
 #include "platform/core/base/types.h"
 #include "platform/core/graphics/color.h"
-#include "platform/core/graphics/matrix.h"
 #include "platform/core/graphics/path_data.h"
 
 namespace qx {
@@ -76,10 +76,11 @@ public:
   void Restore();
   int SaveDepth() const;
 
-  const TqxMatrix& Matrix() const;
-  void SetMatrix(const TqxMatrix& matrix);
+  const TMatrix& Matrix() const;
+  // Only the affine part counts: the third column is taken to be (0, 0, 1).
+  void SetMatrix(const TMatrix& matrix);
   // The new matrix is matrix * current: the given one acts first on a point.
-  void Concat(const TqxMatrix& matrix);
+  void Concat(const TMatrix& matrix);
   void Translate(double dx, double dy);
   void Scale(double sx, double sy);
 
