@@ -1,0 +1,105 @@
+#include "vector/svg_xml_input.h"
+
+#include <iconv.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "platform/core/base/exception.h"
+#include "platform/core/base/text.h"
+
+namespace qx {
+
+namespace {
+
+bool StartsWithBytes(const std::string& s, std::initializer_list<unsigned char> bytes) {
+  if (s.size() < bytes.size()) return false;
+  std::size_t i = 0;
+  for (unsigned char b : bytes)
+    if (static_cast<unsigned char>(s[i++]) != b) return false;
+  return true;
+}
+
+// A byte order mark or the bytes of "<" in a 16- or 32-bit form: pugixml
+// recognises these on its own.
+bool IsWideEncoding(const std::string& s) {
+  return StartsWithBytes(s, {0xFE, 0xFF}) || StartsWithBytes(s, {0xFF, 0xFE}) ||
+         StartsWithBytes(s, {0x00, 0x00, 0xFE, 0xFF}) || StartsWithBytes(s, {0x00, '<'}) ||
+         StartsWithBytes(s, {'<', 0x00}) || StartsWithBytes(s, {0x00, 0x00, 0x00, '<'});
+}
+
+bool IsUtf8Name(const std::string& name) {
+  return name.empty() || SameText(name, "utf-8") || SameText(name, "utf8");
+}
+
+std::string ConvertToUtf8(const std::string& bytes, const std::string& encoding) {
+  iconv_t cd = iconv_open("UTF-8", encoding.c_str());
+  if (cd == reinterpret_cast<iconv_t>(-1))
+    throw Exception(Format("XML is not well-formed: unsupported encoding \"%s\"", {encoding}));
+  std::string out(bytes.size() * 4 + 16, '\0');
+  char* in = const_cast<char*>(bytes.data());
+  std::size_t inLeft = bytes.size();
+  char* outPtr = out.data();
+  std::size_t outLeft = out.size();
+  const std::size_t rc = iconv(cd, &in, &inLeft, &outPtr, &outLeft);
+  const int error = errno;
+  iconv_close(cd);
+  if (rc == static_cast<std::size_t>(-1))
+    throw Exception(Format("XML is not well-formed: the text is not valid %s (%s)", {encoding, std::strerror(error)}));
+  out.resize(out.size() - outLeft);
+  return out;
+}
+
+// One root element and nothing but white space beside it; pugixml keeps a
+// second root or stray text at the top level without complaint.
+void CheckTopLevel(const pugi::xml_document& doc) {
+  int elements = 0;
+  for (const pugi::xml_node& child : doc.children()) {
+    if (child.type() == pugi::node_element) ++elements;
+    else if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
+      throw Exception("XML is not well-formed: text outside the root element");
+  }
+  if (elements == 0) throw Exception("XML is not well-formed: no root element");
+  if (elements > 1) throw Exception("XML is not well-formed: more than one root element");
+}
+
+}  // namespace
+
+std::string DeclaredXmlEncoding(const std::string& ABytes) {
+  std::size_t start = StartsWithBytes(ABytes, {0xEF, 0xBB, 0xBF}) ? 3 : 0;
+  if (ABytes.compare(start, 5, "<?xml") != 0) return {};
+  const std::size_t end = ABytes.find("?>", start);
+  if (end == std::string::npos) return {};
+  const std::string decl = ABytes.substr(start, end - start);
+  const std::size_t key = decl.find("encoding");
+  if (key == std::string::npos) return {};
+  std::size_t pos = decl.find_first_not_of(" \t\r\n", key + 8);
+  if (pos == std::string::npos || decl[pos] != '=') return {};
+  pos = decl.find_first_not_of(" \t\r\n", pos + 1);
+  if (pos == std::string::npos || (decl[pos] != '"' && decl[pos] != '\'')) return {};
+  const std::size_t close = decl.find(decl[pos], pos + 1);
+  if (close == std::string::npos) return {};
+  return decl.substr(pos + 1, close - pos - 1);
+}
+
+std::unique_ptr<pugi::xml_document> LoadXmlDocument(const std::string& ABytes) {
+  auto doc = std::make_unique<pugi::xml_document>();
+  const unsigned options = pugi::parse_default;
+  pugi::xml_parse_result result;
+  if (IsWideEncoding(ABytes)) {
+    result = doc->load_buffer(ABytes.data(), ABytes.size(), options, pugi::encoding_auto);
+  } else {
+    const std::string encoding = DeclaredXmlEncoding(ABytes);
+    const bool utf8 = IsUtf8Name(encoding);
+    const std::string text = utf8 ? ABytes : ConvertToUtf8(ABytes, encoding);
+    if (!IsValidUtf8(text)) throw Exception("XML is not well-formed: the text is not valid UTF-8");
+    result = doc->load_buffer(text.data(), text.size(), options, pugi::encoding_utf8);
+  }
+  if (!result)
+    throw Exception(Format("XML is not well-formed: %s at offset %d",
+                           {result.description(), static_cast<std::int64_t>(result.offset)}));
+  CheckTopLevel(*doc);
+  return doc;
+}
+
+}  // namespace qx

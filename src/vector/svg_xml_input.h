@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <pugixml.hpp>
+
+namespace qx {
+
+// Parses the bytes of an XML file, taking the encoding from the document
+// itself: a byte order mark or UTF-16/32 byte pattern, else the encoding named
+// in the XML declaration (converted to UTF-8 through iconv), else UTF-8.
+// Raises Exception when the text is not well-formed, which includes a document
+// with no root element or more than one, text beside the root, invalid UTF-8
+// and an encoding that cannot be converted.
+std::unique_ptr<pugi::xml_document> LoadXmlDocument(const std::string& ABytes);
+
+// The encoding named by the XML declaration at the start of ABytes, or the
+// empty text when there is no declaration or it names none.
+std::string DeclaredXmlEncoding(const std::string& ABytes);
+
+}  // namespace qx
