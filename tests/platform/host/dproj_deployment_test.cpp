@@ -1,0 +1,263 @@
+#include "platform/host/filesystem/dproj_deployment.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "dproj_fixture.h"
+#include "platform/core/base/text.h"
+#include "platform/host/filesystem/dproj_project.h"
+#include "platform/host/supported_platforms.h"
+
+namespace qx {
+namespace {
+
+using test::DprojFixture;
+
+const char* kAssets = "Quorvex_Assets";
+const char* kConfig = "Quorvex_AssetsConfig";
+
+// Enters a file the way the assets deployment does, call for call.
+void Enter(IProjectDeployment& deployment, const std::string& deploymentClass,
+           const std::string& localName, const std::vector<std::string>& platforms,
+           const std::string& remoteDir, const std::string& remoteName,
+           std::vector<std::string> configurations = {"Debug", "Release"}) {
+  for (const auto& platform : platforms) {
+    for (const auto& configuration : configurations) {
+      auto file = deployment.CreateFile(configuration, platform, localName);
+      file->SetDeploymentClass(deploymentClass);
+      file->SetConfiguration(configuration);
+      file->SetEnabled(platform, true);
+      file->SetOperation(platform, 0);
+      file->SetRemoteDir(platform, remoteDir);
+      file->SetRemoteName(platform, remoteName);
+    }
+  }
+}
+
+// One line per entry, sorted, so that order of entry doesn't matter.
+std::string Describe(const std::vector<TqxDeploymentEntry>& entries) {
+  std::vector<std::string> lines;
+  for (const auto& e : entries)
+    lines.push_back(Format("%s|%s|%s|%s|%d|%s|%s|%d|%d\n",
+                   {e.LocalName, e.Configuration, e.DeploymentClass, e.Platform, e.Enabled,
+                    e.RemoteDir, e.RemoteName, e.Overwrite, e.Operation}));
+  std::sort(lines.begin(), lines.end());
+  std::string text;
+  for (const auto& line : lines) text += line;
+  return text;
+}
+
+class DprojDeploymentTest : public DprojFixture {};
+
+TEST_F(DprojDeploymentTest, ReadsEveryEntryAndSplitOrCombinedReadTheSame) {
+  auto shop = TqxDprojProject::Open(Copy("shop_crlf_bom.dproj"));
+  EXPECT_EQ(Describe(shop->Deployment()->Entries()),
+            "Android64\\Debug\\libShop.so|Debug|ProjectOutput|Android64|1||libShop.so|1|0\n"
+            "Assets\\Icons\\home\\home@10x.png|Debug|Quorvex_Assets|Android64|1|assets\\Icons\\home|home@10x.png|1|0\n"
+            "Assets\\Icons\\home\\home@10x.png|Debug|Quorvex_Assets|Android|1|assets\\Icons\\home|home@10x.png|1|0\n"
+            "Assets\\config-android.json|Debug|Quorvex_AssetsConfig|Android64|1|assets|config.json|1|0\n"
+            "Docs\\licence.txt|Release|File|Android64|1|.\\assets\\internal|licence.txt|1|0\n"
+            "Docs\\licence.txt|Release|File|Win64|0|.\\|licence.txt|1|0\n");
+
+  auto split = TqxDprojProject::Open(Copy("notes_split.dproj"));
+  auto combined = TqxDprojProject::Open(Copy("notes_combined.dproj"));
+  EXPECT_EQ(split->Deployment()->Entries().size(), 2u);
+  EXPECT_EQ(Describe(split->Deployment()->Entries()), Describe(combined->Deployment()->Entries()));
+}
+
+TEST_F(DprojDeploymentTest, EnteringTheSameEntriesAgainChangesNoByte) {
+  const std::string fileName = Copy("shop_crlf_bom.dproj");
+  const std::string original = Read(fileName);
+  auto project = TqxDprojProject::Open(fileName);
+  auto deployment = project->GetProjectDeployment();
+
+  deployment->RemoveFilesOfClass(kAssets);
+  deployment->RemoveFilesOfClass(kConfig);
+  Enter(*deployment, kConfig, "Assets\\config-android.json", {"Android64"}, "assets",
+        "config.json", {"Debug"});
+  Enter(*deployment, kAssets, "Assets\\Icons\\home\\home@10x.png", {"Android", "Android64"},
+        "assets\\Icons\\home", "home@10x.png", {"Debug"});
+  EXPECT_EQ(project->PendingText(), original);
+  project->Save();
+  EXPECT_EQ(Read(fileName), original);
+}
+
+TEST_F(DprojDeploymentTest, NewEntriesGoBehindTheLastDeployFileInTheFilesStyle) {
+  const std::string fileName = Copy("shop_crlf_bom.dproj");
+  const std::string original = Read(fileName);
+  auto project = TqxDprojProject::Open(fileName);
+  Enter(*project->GetProjectDeployment(), kConfig, "Assets\\config-ios.json",
+        QuorvexSupportediOSPlatforms, "assets", "config.json");
+  project->Save();
+
+  auto platform = [](const char* name) {
+    return std::string("\r\n                    <Platform Name=\"") + name + "\">" +
+           "\r\n                        <Enabled>true</Enabled>"
+           "\r\n                        <RemoteDir>assets</RemoteDir>"
+           "\r\n                        <RemoteName>config.json</RemoteName>"
+           "\r\n                        <Overwrite>true</Overwrite>"
+           "\r\n                    </Platform>";
+  };
+  auto element = [&](const char* configuration) {
+    return std::string("\r\n                <DeployFile LocalName=\"Assets\\config-ios.json\" "
+                       "Configuration=\"") +
+           configuration + "\" Class=\"Quorvex_AssetsConfig\">" + platform("iOSDevice64") +
+           platform("iOSSimARM64") + "\r\n                </DeployFile>";
+  };
+  const std::string anchor = "                </DeployFile>\r\n                <DeployClass";
+  EXPECT_EQ(Read(fileName),
+            ReplacedOnce(original, anchor,
+                         "                </DeployFile>" + element("Debug") + element("Release") +
+                             "\r\n                <DeployClass"));
+
+  auto reread = TqxDprojProject::Open(fileName);
+  EXPECT_EQ(Describe(reread->Deployment()->Entries()), Describe(project->Deployment()->Entries()));
+}
+
+TEST_F(DprojDeploymentTest, RemovingEntriesTakesTheirPlatformOrTheirWholeElement) {
+  const std::string fileName = Copy("shop_crlf_bom.dproj");
+  const std::string original = Read(fileName);
+  auto project = TqxDprojProject::Open(fileName);
+  auto deployment = project->GetProjectDeployment();
+
+  deployment->RemoveFile("Debug", "Android", "Assets\\Icons\\home\\home@10x.png");
+  deployment->RemoveFilesOfClass(kConfig);
+  deployment->RemoveFile("Release", "Android", "Docs\\licence.txt");  // no such entry
+  project->Save();
+
+  std::string expected = ReplacedOnce(original,
+                                      "\r\n                    <Platform Name=\"Android\">\r\n"
+                                      "                        <Enabled>true</Enabled>\r\n"
+                                      "                        <RemoteDir>assets\\Icons\\home</RemoteDir>\r\n"
+                                      "                        <RemoteName>home@10x.png</RemoteName>\r\n"
+                                      "                        <Overwrite>true</Overwrite>\r\n"
+                                      "                    </Platform>",
+                                      "");
+  expected = ReplacedOnce(expected,
+                          "\r\n                <DeployFile LocalName=\"Assets\\config-android.json\" "
+                          "Configuration=\"Debug\" Class=\"Quorvex_AssetsConfig\">\r\n"
+                          "                    <Platform Name=\"Android64\">\r\n"
+                          "                        <Enabled>true</Enabled>\r\n"
+                          "                        <RemoteDir>assets</RemoteDir>\r\n"
+                          "                        <RemoteName>config.json</RemoteName>\r\n"
+                          "                        <Overwrite>true</Overwrite>\r\n"
+                          "                    </Platform>\r\n"
+                          "                </DeployFile>",
+                          "");
+  EXPECT_EQ(Read(fileName), expected);
+
+  // Other classes, unknown platforms, DeployClass and ProjectRoot stay, even
+  // when everything of ours goes.
+  deployment->RemoveFilesOfClass(kAssets);
+  project->Save();
+  const std::string text = Read(fileName);
+  EXPECT_EQ(text.find("Quorvex_"), std::string::npos);
+  for (const char* kept : {"Class=\"ProjectOutput\"", "<Platform Name=\"Win64\">",
+                           "<DeployClass Name=\"AndroidClasses\">", "<ProjectRoot Platform=\"iOSDevice64\""})
+    EXPECT_NE(text.find(kept), std::string::npos) << kept;
+  EXPECT_EQ(TqxDprojProject::Open(fileName)->Deployment()->Entries().size(), 3u);
+}
+
+TEST_F(DprojDeploymentTest, AChangedValueRewritesOnlyItsPlatform) {
+  const std::string fileName = Copy("notes_combined.dproj");
+  const std::string original = Read(fileName);
+  auto project = TqxDprojProject::Open(fileName);
+  Enter(*project->GetProjectDeployment(), kAssets, "Assets\\Fonts\\Roboto\\Roboto.ttf",
+        {"iOSSimARM64"}, "assets\\fonts\\Fonts\\Roboto", "Roboto-Regular.ttf", {"Release"});
+  project->Save();
+  const std::string text = Read(fileName);
+  auto diff = Diff(original, text);
+  EXPECT_EQ(diff.Removed, "");
+  EXPECT_EQ(diff.Inserted, "-Regular");
+  EXPECT_LT(text.find("Roboto.ttf</RemoteName>"), text.find("Roboto-Regular.ttf</RemoteName>"));
+}
+
+TEST_F(DprojDeploymentTest, SplitAndCombinedFilesLoseOnePlatformEachInTheirOwnWay) {
+  for (const char* name : {"notes_split.dproj", "notes_combined.dproj"}) {
+    const std::string fileName = Copy(name);
+    const std::string original = Read(fileName);
+    auto project = TqxDprojProject::Open(fileName);
+    project->GetProjectDeployment()->RemoveFile("Release", "iOSSimARM64",
+                                                "Assets\\Fonts\\Roboto\\Roboto.ttf");
+    project->Save();
+    const std::string text = Read(fileName);
+    EXPECT_EQ(Diff(original, text).Inserted, "") << name;
+    // Split: the element of that platform goes; combined: only its Platform.
+    auto count = [](const std::string& t, const std::string& what) {
+      std::size_t n = 0;
+      for (auto at = t.find(what); at != std::string::npos; at = t.find(what, at + 1)) ++n;
+      return n;
+    };
+    EXPECT_EQ(count(text, "<DeployFile "), 1u) << name;
+    EXPECT_EQ(count(text, "<Platform "), count(original, "<Platform ") - 1) << name;
+    auto reread = TqxDprojProject::Open(fileName)->Deployment()->Entries();
+    ASSERT_EQ(reread.size(), 1u) << name;
+    EXPECT_EQ(reread[0].Platform, "iOSDevice64");
+  }
+}
+
+TEST_F(DprojDeploymentTest, TheDeploymentSectionIsMadeWhereThereIsNone) {
+  const std::string fileName = Copy("bare_lf.dproj");
+  const std::string original = Read(fileName);
+  auto project = TqxDprojProject::Open(fileName);
+  Enter(*project->GetProjectDeployment(), kConfig, "Assets\\config-android.json",
+        {"Android"}, "assets", "config.json", {"Debug"});
+  project->Save();
+  EXPECT_EQ(Read(fileName),
+            InsertedAfter(original, "            </Delphi.Personality>",
+                          "\n            <Deployment>"
+                          "\n                <DeployFile LocalName=\"Assets\\config-android.json\" "
+                          "Configuration=\"Debug\" Class=\"Quorvex_AssetsConfig\">"
+                          "\n                    <Platform Name=\"Android\">"
+                          "\n                        <Enabled>true</Enabled>"
+                          "\n                        <RemoteDir>assets</RemoteDir>"
+                          "\n                        <RemoteName>config.json</RemoteName>"
+                          "\n                        <Overwrite>true</Overwrite>"
+                          "\n                    </Platform>"
+                          "\n                </DeployFile>"
+                          "\n            </Deployment>"));
+
+  // With no extensions at all, the whole path is made and reads back.
+  std::ofstream((FDir / "tiny.dproj").string(), std::ios::binary)
+      << "<Project>\n  <PropertyGroup/>\n</Project>\n";
+  auto tiny = TqxDprojProject::Open((FDir / "tiny.dproj").string());
+  Enter(*tiny->GetProjectDeployment(), kAssets, "Assets\\a&b.png", QuorvexSupportedPlatforms,
+        "assets", "a&b.png");
+  tiny->Save();
+  auto reread = TqxDprojProject::Open((FDir / "tiny.dproj").string());
+  EXPECT_EQ(Describe(reread->Deployment()->Entries()), Describe(tiny->Deployment()->Entries()));
+  EXPECT_EQ(reread->Deployment()->Entries().size(), 8u);
+  EXPECT_NE(Read((FDir / "tiny.dproj").string()).find("\n  <ProjectExtensions>\n    <BorlandProject>"),
+            std::string::npos);
+}
+
+TEST_F(DprojDeploymentTest, RepeatedRewritesDoNotAccumulate) {
+  const std::string fileName = Copy("shop_crlf_bom.dproj");
+  auto rewrite = [](IProjectDeployment& deployment) {
+    deployment.RemoveFilesOfClass(kAssets);
+    deployment.RemoveFilesOfClass(kConfig);
+    Enter(deployment, kConfig, "Assets\\config-android.json", QuorvexSupportedAndroidPlatforms,
+          "assets", "config.json");
+    Enter(deployment, kConfig, "Assets\\config-ios.json", QuorvexSupportediOSPlatforms, "assets",
+          "config.json");
+    Enter(deployment, kAssets, "Assets\\Fonts\\Roboto\\T.ttf", QuorvexSupportedPlatforms,
+          "assets\\fonts\\Fonts\\Roboto", "T.ttf");
+  };
+  auto project = TqxDprojProject::Open(fileName);
+  rewrite(*project->GetProjectDeployment());
+  project->Save();
+  const std::string once = Read(fileName);
+
+  auto again = TqxDprojProject::Open(fileName);
+  rewrite(*again->GetProjectDeployment());
+  EXPECT_EQ(again->PendingText(), once);
+  rewrite(*again->GetProjectDeployment());
+  again->Save();
+  EXPECT_EQ(Read(fileName), once);
+  // 4 ProjectOutput/File entries + 2x2 per config file + 4x2 for the font.
+  EXPECT_EQ(again->Deployment()->Entries().size(), 3u + 8u + 8u);
+}
+
+}  // namespace
+}  // namespace qx
