@@ -24,6 +24,9 @@ TEST(FormatTest, GeneralFormatMatchesRtl) {
 
 TEST(FormatTest, FixedIntegerStringAndErrors) {
   EXPECT_EQ(Format("M%f,%f", {1.005, 2.0}), "M1.00,2.00");
+  // Ties in the decimal digits round away from zero; a carry may add a digit.
+  EXPECT_EQ(Format("%f|%f|%f|%f", {0.125, -2.375, 9.999, 0.005}), "0.13|-2.38|10.00|0.01");
+  EXPECT_EQ(Format("%f|%f|%.0f|%.3f", {-0.001, 1e6, 0.5, 123.0}), "0.00|1000000.00|1|123.000");
   EXPECT_EQ(Format("%s-%d", {"Color", 2}), "Color-2");
   EXPECT_EQ(Format("%.3d|%-4s|%4s|%x", {7, "ab", "cd", 255}), "007|ab  |  cd|FF");
   EXPECT_EQ(Format("%1:s %0:s", {"a", "b"}), "b a");

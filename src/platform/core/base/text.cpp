@@ -143,13 +143,40 @@ std::string Grouped(const std::string& integer) {
   return result;
 }
 
+// The RTL takes the 18 significant digits of the value and rounds them half away
+// from zero at the last decimal, so 0.125 prints as "0.13" where printf, working
+// on the binary value, would give "0.12".
 std::string FixedText(double value, int decimals) {
   if (!std::isfinite(value)) return NonFinite(value);
-  char buffer[512];
-  std::snprintf(buffer, sizeof buffer, "%.*f", std::clamp(decimals, 0, 18), value);
-  std::string text(buffer);
-  if (text == "-0" || (text.starts_with("-0.") && text.find_first_not_of("0.", 1) == std::string::npos))
-    text.erase(0, 1);  // the RTL prints no sign for a value that rounds to zero
+  decimals = std::clamp(decimals, 0, 18);
+  Decimal d = ToDecimal(value, 18);
+  const int keep = d.exponent + 1 + decimals;  // digits left of the cut
+  if (keep < 0) {
+    d.digits.clear();
+  } else if (keep < static_cast<int>(d.digits.size())) {
+    const bool up = d.digits[keep] >= '5';
+    d.digits.resize(keep);
+    if (up) {
+      int i = keep - 1;
+      while (i >= 0 && d.digits[i] == '9') d.digits[i--] = '0';
+      if (i >= 0) {
+        ++d.digits[i];
+      } else {
+        d.digits.insert(0, "1");
+        ++d.exponent;
+      }
+    }
+  }
+  auto digitAt = [&](int power) {  // the digit standing at 10^power
+    const int index = d.exponent - power;
+    return index >= 0 && index < static_cast<int>(d.digits.size()) ? d.digits[index] : '0';
+  };
+  std::string text;
+  for (int power = std::max(d.exponent, 0); power >= 0; --power) text += digitAt(power);
+  if (decimals > 0) text += '.';
+  for (int power = -1; power >= -decimals; --power) text += digitAt(power);
+  // The RTL prints no sign for a value that rounds to zero.
+  if (d.negative && text.find_first_not_of("0.") != std::string::npos) text.insert(0, "-");
   return text;
 }
 
