@@ -322,5 +322,27 @@ TEST(CanvasTest, ZeroWidthIsAHairlineWhateverTheScale) {
   EXPECT_GT(Alpha(b, 20, 20), 200);
 }
 
+// Values a hostile file can carry: huge coordinates, widths and tiny dashes
+// must neither hang nor leave the canvas unable to draw.
+TEST(CanvasTest, ExtremeFiniteValuesFinishAndLeaveTheCanvasWorking) {
+  TqxBitmap b(50, 50);
+  TqxCanvas canvas(b);
+  TqxStrokeStyle style = Stroke(2);
+  style.Dashes = {1e-9, 1e-9};
+  canvas.DrawLine({-1e5, 10}, {1e5, 10}, kRedBrush, style);
+  style.Dashes = {1, 1};
+  canvas.DrawLine({-1e12, -1e12}, {1e12, 1e12}, kRedBrush, style);
+  canvas.StrokePath("M0 0L1e9 10 L0 20", kRedBrush, style);
+  canvas.FillRect({-1e300, -1e300, 1e300, 1e300}, 0, 0, kRedBrush);
+  canvas.DrawLine({0, 0}, {10, 10}, kRedBrush, Stroke(1e300));
+  canvas.Save();
+  canvas.Scale(1e-20f, 1e-20f);
+  canvas.StrokePath("M0 0 L1e300 1e300 A1e300 1e300 0 1 1 -1e300 1e300", kRedBrush, Stroke(1));
+  canvas.Restore();
+  canvas.Clear(0);
+  canvas.FillRect({0, 0, 10, 10}, 0, 0, TqxBrush::Solid(kBlue));
+  EXPECT_EQ(b.GetPixel(5, 5), kBlue);
+}
+
 }  // namespace
 }  // namespace qx

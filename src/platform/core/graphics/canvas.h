@@ -61,7 +61,8 @@ struct TqxStrokeStyle {
 // Coordinates are user units mapped by the current matrix. A call with a value
 // that is not finite (a coordinate, radius, width, opacity, stop, matrix) or a
 // negative size draws nothing; so does any drawing while the matrix is
-// singular. Opacity is from 0 to 1 and multiplies the brush's alpha.
+// singular or nearly so (determinant below 1e-12), and a clip set then hides
+// everything. Opacity is from 0 to 1 and multiplies the brush's alpha.
 class TqxCanvas {
 public:
   explicit TqxCanvas(TqxBitmap& bitmap);
