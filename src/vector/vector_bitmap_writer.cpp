@@ -9,7 +9,6 @@
 #include "platform/core/base/exception.h"
 #include "platform/core/base/text.h"
 #include "platform/core/graphics/bitmap.h"
-#include "platform/core/graphics/matrix.h"
 #include "platform/core/graphics/path_data.h"
 #include "platform/core/vector/vector_command.h"
 #include "platform/core/vector/vector_document.h"
@@ -34,8 +33,8 @@ int HexDigit(char c) {
   return -1;
 }
 
-TqxMatrix ToCanvasMatrix(const TMatrix& m) {
-  return TqxMatrix::Affine(m.m11, m.m12, m.m21, m.m22, m.m31, m.m32);
+bool IsFinite(const TMatrix& m) {
+  return Finite(m.m11) && Finite(m.m12) && Finite(m.m21) && Finite(m.m22) && Finite(m.m31) && Finite(m.m32);
 }
 
 std::vector<TqxGradientStop> StopsOf(const TqxVectorGradient& gradient) {
@@ -136,9 +135,10 @@ void TsvgExportFMXBitmapWithSkia::Process(TSizeF size) {
   FStroke.Color = 0;  // no stroke until a brush or gradient gives one
 
   const TRectF& viewBox = FDocument->ViewBox;
-  const TqxMatrix base = TqxMatrix::Translation(-viewBox.Left, -viewBox.Top) *
-                         TqxMatrix::Scaling(size.Width / viewBox.Width(), size.Height / viewBox.Height());
-  if (!base.IsFinite() || viewBox.Width() == 0 || viewBox.Height() == 0)
+  const TMatrix base =
+      TMatrix::CreateTranslation(float(-viewBox.Left), float(-viewBox.Top)) *
+      TMatrix::CreateScaling(float(size.Width / viewBox.Width()), float(size.Height / viewBox.Height()));
+  if (!IsFinite(base) || viewBox.Width() == 0 || viewBox.Height() == 0)
     throw Exception(Format("Cannot fit the view box (%g, %g, %g, %g) into the bitmap",
                            {viewBox.Left, viewBox.Top, viewBox.Width(), viewBox.Height()}));
   FCanvas->SetMatrix(base);
@@ -185,7 +185,7 @@ void TsvgExportFMXBitmapWithSkia::SetTransform(const TqxVectorCommand& command) 
   // The command's matrix acts first on a point, then what is in force.
   // A matrix that is not finite makes the canvas draw nothing until the group
   // closes.
-  FCanvas->Concat(ToCanvasMatrix(command.Matrix));
+  FCanvas->Concat(command.Matrix);
 }
 
 void TsvgExportFMXBitmapWithSkia::SetGradient(const TqxVectorCommand& command) {
