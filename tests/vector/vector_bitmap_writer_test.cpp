@@ -229,7 +229,7 @@ TEST(VectorBitmapWriterTest, GradientsPadBeyondTheirEndsAndYieldToALaterColour) 
   EXPECT_EQ(writer.Bitmap().GetPixel(16, 30), kGreen);
 }
 
-TEST(VectorBitmapWriterTest, StrokeGradientShowsWithoutStrokeColourAndTakesTheOpacity) {
+TEST(VectorBitmapWriterTest, StrokeGradientShowsWithoutStrokeColourUntilNoneHidesIt) {
   auto doc = Doc();
   doc->BeginGroup();
   TqxVectorBrush brush = Fill("#00000000");
@@ -237,9 +237,29 @@ TEST(VectorBitmapWriterTest, StrokeGradientShowsWithoutStrokeColourAndTakesTheOp
   brush.StrokeOpacity = 0.5f;
   doc->SetBrush(brush);
   doc->SetGradient(Linear({0, 0}, {32, 0}, kBlue, kBlue), false);
-  doc->DrawPath("M0 16H32");
+  doc->DrawPath("M0 8H32");
+  doc->SetBrush(Stroke("#00000000", 4));
+  doc->DrawPath("M0 24H32");
   doc->EndGroup();
-  EXPECT_TRUE(Near(Render(*doc, 16, 16), 0x800000FF)) << std::hex << Render(*doc, 16, 16);
+  TsvgExportFMXBitmapWithSkia writer(*doc);
+  EXPECT_TRUE(Near(writer.Bitmap().GetPixel(16, 8), 0x800000FF)) << std::hex << writer.Bitmap().GetPixel(16, 8);
+  EXPECT_EQ(writer.Bitmap().GetPixel(16, 24), kNone);
+}
+
+TEST(VectorBitmapWriterTest, PathTextsAsTheSvgReaderWritesThemDraw) {
+  auto doc = Doc({64, 32}, {0, 0, 64, 32});
+  Shape(*doc, Fill("#FF0000"), "M16,16m-8,0a8,8 0,1 1,16 0a8,8 0,1 1,-16 0");  // circle
+  Shape(*doc, Fill("#0000FF"), "M32.00, 8.00 L48.00, 8.00 48.00, 24.00 32.00, 24.00 Z");  // rect
+  Shape(*doc, Stroke("#00FF00", 2), "M48.00, 16.00, L64.00, 16.00");  // line
+  Shape(*doc, Fill("#FF0000"), "M50 2L62 2 62 6 ");  // polyline
+  TsvgExportFMXBitmapWithSkia writer(*doc);
+  const TqxBitmap& bitmap = writer.Bitmap();
+  EXPECT_EQ(bitmap.GetPixel(16, 16), kRed);
+  EXPECT_EQ(bitmap.GetPixel(10, 16), kRed);
+  EXPECT_EQ(bitmap.GetPixel(9, 9), kNone);
+  EXPECT_EQ(bitmap.GetPixel(40, 16), kBlue);
+  EXPECT_EQ(bitmap.GetPixel(56, 16), kGreen);
+  EXPECT_EQ(bitmap.GetPixel(61, 3), kRed);
 }
 
 TEST(VectorBitmapWriterTest, DashesFollowIntervalsAndOffset) {
