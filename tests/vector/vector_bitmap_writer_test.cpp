@@ -416,8 +416,11 @@ TEST(VectorBitmapWriterTest, FailuresRaiseWhereTheDrawingCannotGoOn) {
     EXPECT_NE(messageOf(*flat), "");
   }
 
-  // Compact path grammar, an empty path and unread colours are no failures.
+  // Compact path grammar, an empty path, unread colours and unbalanced groups
+  // are no failures.
   auto fine = Doc();
+  fine->EndGroup();
+  fine->BeginGroup();
   Shape(*fine, Fill("rgb(1,2,3)"), "M8-8.5.5.5l16 0a1 1 0 1116 0");
   Shape(*fine, Fill("#FF0000"), "");
   EXPECT_EQ(messageOf(*fine), "");
