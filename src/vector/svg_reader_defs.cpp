@@ -97,7 +97,8 @@ TqxSnippet* TqxVectorReaderSVG::ProcessSnippetAttribute(const pugi::xml_node& AN
 }
 
 void TqxVectorReaderSVG::ProcessDefs(const pugi::xml_node& ANode) {
-  // A flag, not a counter: leaving a nested defs ends the outer one as well.
+  // A flag, not a counter: leaving a nested defs lets the rest of the outer
+  // one reach the drawing.
   FIsParsingDefs = true;
   TsvgPaintingParams params;
   ReadPaintParams(ANode, params);  // read for its exceptions only
@@ -106,6 +107,9 @@ void TqxVectorReaderSVG::ProcessDefs(const pugi::xml_node& ANode) {
     BeginGroup();
     ProcessTransformAttribute(ANode);
     ProcessElements(ANode);
+    // The close goes where the open went, so the drawing never gets a close
+    // without its open.
+    FIsParsingDefs = true;
     EndGroup();
   } catch (...) {
     FinishSnippet(snippet);
