@@ -107,8 +107,8 @@ void TqxVectorReaderSVG::ProcessDefs(const pugi::xml_node& ANode) {
     BeginGroup();
     ProcessTransformAttribute(ANode);
     ProcessElements(ANode);
-    // The close goes where the open went, so the drawing never gets a close
-    // without its open.
+    // The close goes where the open went: a nested defs has cleared the flag,
+    // and this group was never opened in the drawing.
     FIsParsingDefs = true;
     EndGroup();
   } catch (...) {
