@@ -1,0 +1,13 @@
+program Demo;
+
+uses
+  System.StartUpCopy,
+  Quorvex.Application,
+  Main in 'Main.pas';
+
+{$R *.res}
+
+begin
+  TqxApplication.Initialize;
+  TqxApplication.Run(TDemoScreen);
+end.
