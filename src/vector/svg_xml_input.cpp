@@ -2,8 +2,11 @@
 
 #include <iconv.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <string_view>
+#include <vector>
 
 #include "platform/core/base/exception.h"
 #include "platform/core/base/text.h"
@@ -50,8 +53,9 @@ std::string ConvertToUtf8(const std::string& bytes, const std::string& encoding)
   return out;
 }
 
-// One root element and nothing but white space beside it; pugixml keeps a
-// second root or stray text at the top level without complaint.
+// One root element and nothing but white space beside it. The document is
+// parsed as a fragment so that stray top-level text is kept to be seen here;
+// pugixml would drop it, and it accepts a second root as well.
 void CheckTopLevel(const pugi::xml_document& doc) {
   int elements = 0;
   for (const pugi::xml_node& child : doc.children()) {
@@ -61,6 +65,29 @@ void CheckTopLevel(const pugi::xml_document& doc) {
   }
   if (elements == 0) throw Exception("XML is not well-formed: no root element");
   if (elements > 1) throw Exception("XML is not well-formed: more than one root element");
+}
+
+// pugixml keeps repeated attributes; XML forbids them. Walks without
+// recursion, since the nesting depth is the file's choice.
+void CheckUniqueAttributes(const pugi::xml_document& doc) {
+  std::vector<std::string_view> names;
+  pugi::xml_node node = doc.first_child();
+  while (node) {
+    if (node.first_attribute() && node.first_attribute().next_attribute()) {
+      names.clear();
+      for (const pugi::xml_attribute& a : node.attributes()) names.emplace_back(a.name());
+      std::sort(names.begin(), names.end());
+      if (std::adjacent_find(names.begin(), names.end()) != names.end())
+        throw Exception(Format("XML is not well-formed: attribute \"%s\" repeated in element \"%s\"",
+                               {*std::adjacent_find(names.begin(), names.end()), node.name()}));
+    }
+    if (node.first_child()) {
+      node = node.first_child();
+      continue;
+    }
+    while (node && !node.next_sibling()) node = node.parent();
+    if (node) node = node.next_sibling();
+  }
 }
 
 }  // namespace
@@ -84,7 +111,7 @@ std::string DeclaredXmlEncoding(const std::string& ABytes) {
 
 std::unique_ptr<pugi::xml_document> LoadXmlDocument(const std::string& ABytes) {
   auto doc = std::make_unique<pugi::xml_document>();
-  const unsigned options = pugi::parse_default;
+  const unsigned options = pugi::parse_default | pugi::parse_fragment;
   pugi::xml_parse_result result;
   if (IsWideEncoding(ABytes)) {
     result = doc->load_buffer(ABytes.data(), ABytes.size(), options, pugi::encoding_auto);
@@ -99,6 +126,7 @@ std::unique_ptr<pugi::xml_document> LoadXmlDocument(const std::string& ABytes) {
     throw Exception(Format("XML is not well-formed: %s at offset %d",
                            {result.description(), static_cast<std::int64_t>(result.offset)}));
   CheckTopLevel(*doc);
+  CheckUniqueAttributes(*doc);
   return doc;
 }
 

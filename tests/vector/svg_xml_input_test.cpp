@@ -1,0 +1,88 @@
+#include "vector/svg_xml_input.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "platform/core/base/exception.h"
+#include "vector/vector_reader_svg.h"
+#include "svg_reader_test_util.h"
+
+namespace qx {
+namespace {
+
+std::string DataFile(const std::string& name) { return std::string(QX_TEST_DATA_DIR) + "/svg/" + name; }
+
+std::string ReadBytes(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+// Every encoding must yield the same UTF-8 text: the fill colour is kept as
+// written, and the unknown element's name reaches the log.
+TEST(SvgXmlInputTest, DeclaredAndDetectedEncodingsReadAsUtf8) {
+  struct Case {
+    const char* file;
+    const char* fill;
+    const char* element;
+  };
+  const Case cases[] = {
+      {"encoding/windows-1251.svg", "красный", "рисунок"}, {"encoding/iso-8859-5.svg", "красный", "рисунок"},
+      {"encoding/iso-8859-1.svg", "café", "élan"},         {"encoding/utf-16le-bom.svg", "красный", "рисунок"},
+      {"encoding/utf-16be-bom.svg", "красный", "рисунок"}, {"encoding/utf-8-bom.svg", "красный", "рисунок"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.file);
+    TqxVectorDocument doc;
+    TqxVectorReaderSVG reader(doc);
+    reader.LoadFromFile(DataFile(c.file));
+    EXPECT_EQ(test::Dump(doc.Commands),
+              (std::vector<std::string>{"{", std::string("brush fill=") + c.fill + " rule=nonzero", "}"}));
+    const std::string warning = std::string("- Unknown node name: node=\"") + c.element + "\"";
+    EXPECT_EQ(reader.Logs(), (std::vector<std::string>{warning, warning}));
+    EXPECT_EQ(reader.Result(), TqxResultParsing::SuccessWithWarnings);
+  }
+}
+
+TEST(SvgXmlInputTest, DeclaredEncodingIsFoundInTheDeclarationOnly) {
+  EXPECT_EQ(DeclaredXmlEncoding("<?xml version=\"1.0\" encoding='windows-1251'?><a/>"), "windows-1251");
+  EXPECT_EQ(DeclaredXmlEncoding("\xEF\xBB\xBF<?xml version=\"1.0\" encoding = \"KOI8-R\" ?><a/>"), "KOI8-R");
+  EXPECT_EQ(DeclaredXmlEncoding("<?xml version=\"1.0\"?><a encoding=\"x\"/>"), "");
+  EXPECT_EQ(DeclaredXmlEncoding("<a/><?xml version=\"1.0\" encoding=\"x\"?>"), "");
+}
+
+TEST(SvgXmlInputTest, TextThatIsNotWellFormedRaises) {
+  const char* const texts[] = {
+      "",
+      "   \n",
+      "not xml at all",
+      "<svg><g></svg>",
+      "<svg/><svg/>",
+      "<svg/>trailing text",
+      "leading text<svg/>",
+      "<svg width=\"1\" width=\"2\"/>",
+      "<svg><g a=\"1\" b=\"2\" a=\"3\"/></svg>",
+      "<?xml version=\"1.0\" encoding=\"no-such-encoding\"?><svg/>",
+      "<svg fill=\"\xFF\xFE\"/>",
+  };
+  for (const char* text : texts) {
+    SCOPED_TRACE(text);
+    EXPECT_THROW(LoadXmlDocument(text), Exception);
+  }
+  EXPECT_THROW(LoadXmlDocument(ReadBytes(DataFile("encoding/bad-utf-8.svg"))), Exception);
+  EXPECT_THROW(LoadXmlDocument(ReadBytes(DataFile("frame/malformed.svg"))), Exception);
+  EXPECT_THROW(LoadXmlDocument(ReadBytes(DataFile("frame/two_roots.svg"))), Exception);
+}
+
+TEST(SvgXmlInputTest, CommentsDoctypeAndDeclarationsBesideTheRootAreFine) {
+  const auto doc = LoadXmlDocument(
+      "<?xml version=\"1.0\"?>\n<!-- made by hand -->\n"
+      "<!DOCTYPE svg PUBLIC \"-//W3C//DTD SVG 1.1//EN\" \"http://www.w3.org/Graphics/SVG/1.1/DTD/svg11.dtd\">\n"
+      "<svg width=\"1\" height=\"1\"><g/></svg>\n<!-- end -->\n");
+  EXPECT_STREQ(doc->document_element().name(), "svg");
+  EXPECT_STREQ(doc->document_element().first_child().name(), "g");
+}
+
+}  // namespace
+}  // namespace qx

@@ -1,0 +1,275 @@
+#include "vector/vector_reader_svg.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "platform/core/base/log.h"
+#include "svg_reader_test_util.h"
+
+namespace qx {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+std::string DataFile(const std::string& name) { return std::string(QX_TEST_DATA_DIR) + "/svg/" + name; }
+
+// Gives tests the reader's logging and verdict steps.
+class OpenReader : public TqxVectorReaderSVG {
+public:
+  using TqxVectorReaderSVG::TqxVectorReaderSVG;
+  using TqxVectorReaderSVG::Stop;
+  using TqxVectorReaderSVG::Warn;
+};
+
+struct ReadResult {
+  TqxResultParsing Result;
+  Lines Logs;
+  Lines Commands;
+  TSizeF Size;
+  TRectF ViewBox;
+};
+
+ReadResult Read(const std::string& text) {
+  TqxVectorDocument doc;
+  TqxVectorReaderSVG reader(doc);
+  std::istringstream stream(text);
+  reader.LoadFromStream(stream);
+  return {reader.Result(), reader.Logs(), test::Dump(doc.Commands), doc.Size, doc.ViewBox};
+}
+
+std::string Svg(const std::string& body) { return "<svg width=\"10\" height=\"10\">" + body + "</svg>"; }
+
+TEST(VectorReaderSvgTest, RootSizeAndViewBox) {
+  struct Case {
+    const char* attributes;
+    double width, height;
+    TRectF viewBox;
+  };
+  const Case cases[] = {
+      {R"(viewBox="0 0 24 24")", 24, 24, {0, 0, 24, 24}},
+      {R"(width="100" height="50")", 100, 50, {0, 0, 100, 50}},
+      {R"(width="48" height="48" viewBox="0 0 24 24")", 48, 48, {0, 0, 24, 24}},
+      {R"(width="100%" height="10pt" viewBox="0 0 24 12")", 24, 12, {0, 0, 24, 12}},
+      {R"(width="10px" height="2cm")", 10, 2, {0, 0, 10, 2}},
+      {R"(viewBox="5 5 20 10")", 20, 10, {5, 5, 25, 15}},
+      {R"(width="30" viewBox="5 5 0 10")", 30, 10, {5, 5, 35, 15}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.attributes);
+    const ReadResult r = Read(std::string("<svg ") + c.attributes + "/>");
+    EXPECT_EQ(r.Result, TqxResultParsing::Success);
+    EXPECT_TRUE(r.Logs.empty());
+    EXPECT_TRUE(r.Commands.empty());
+    EXPECT_EQ(r.Size.Width, c.width);
+    EXPECT_EQ(r.Size.Height, c.height);
+    EXPECT_EQ(r.ViewBox.Left, c.viewBox.Left);
+    EXPECT_EQ(r.ViewBox.Top, c.viewBox.Top);
+    EXPECT_EQ(r.ViewBox.Right, c.viewBox.Right);
+    EXPECT_EQ(r.ViewBox.Bottom, c.viewBox.Bottom);
+  }
+}
+
+TEST(VectorReaderSvgTest, RootWithoutAUsableSizeFailsBeforeDrawing) {
+  const auto missing = [](const char* node, const char* attribute) {
+    return std::string("- The attribute is not existed: node=\"") + node + "\", attributeName=" + attribute;
+  };
+  // The comma form of viewBox is no rectangle, so nothing gives a width.
+  ReadResult r = Read("<svg viewBox=\"0,0,24,24\"><g fill=\"red\"/></svg>");
+  EXPECT_EQ(r.Result, TqxResultParsing::Failed);
+  EXPECT_EQ(r.Logs, (Lines{missing("svg", "width"), missing("svg", "viewBox")}));
+  EXPECT_TRUE(r.Commands.empty());
+
+  // Only the first axis is told; the name is the local one.
+  r = Read("<s:svg xmlns:s=\"http://www.w3.org/2000/svg\"/>");
+  EXPECT_EQ(r.Logs, (Lines{missing("svg", "width"), missing("svg", "viewBox")}));
+  r = Read("<svg width=\"10\" viewBox=\"0 0 10 0\"/>");
+  EXPECT_EQ(r.Result, TqxResultParsing::Failed);
+  EXPECT_EQ(r.Logs, (Lines{missing("svg", "height"), missing("svg", "viewBox")}));
+
+  EXPECT_EQ(TqxVectorReaderSVG::Check(DataFile("frame/missing_size.svg")), TqxResultParsing::Failed);
+}
+
+TEST(VectorReaderSvgTest, AnyRootIsReadAsSvgAndItsPaintIsIgnored) {
+  TqxVectorDocument doc;
+  ASSERT_EQ(TqxVectorReaderSVG::LoadFromFile(doc, DataFile("frame/not_svg_root.svg")), TqxResultParsing::Success);
+  EXPECT_EQ(doc.Size.Width, 20);
+  EXPECT_EQ(doc.Size.Height, 10);
+  // fill, style, class and transform of the root reach nothing; the child's
+  // class does.
+  EXPECT_EQ(test::Dump(doc.Commands), (Lines{"{", "brush fill=#FF008000 rule=nonzero", "}"}));
+}
+
+TEST(VectorReaderSvgTest, UnknownElementsWarnTwiceAndSkippedOnesAreSilent) {
+  TqxVectorDocument doc;
+  TqxVectorReaderSVG reader(doc);
+  reader.LoadFromFile(DataFile("frame/unknown_elements.svg"));
+  // First pass, then second pass; the clipPath's child is never visited.
+  const Lines once = {"- Unknown node name: node=\"clipPath\"", "- Unknown node name: node=\"#text\"",
+                      "- Unknown node name: node=\"svg:path\""};
+  Lines expected = once;
+  expected.insert(expected.end(), once.begin(), once.end());
+  EXPECT_EQ(reader.Logs(), expected);
+  EXPECT_EQ(reader.Result(), TqxResultParsing::SuccessWithWarnings);
+  EXPECT_TRUE(doc.Commands.empty());
+
+  const ReadResult textOnly = Read(Svg("<text>a</text><title>b</title><desc/><metadata/><!-- c -->"));
+  EXPECT_EQ(textOnly.Result, TqxResultParsing::Success);
+  EXPECT_TRUE(textOnly.Logs.empty());
+  EXPECT_TRUE(textOnly.Commands.empty());
+}
+
+TEST(VectorReaderSvgTest, EachLevelHasItsOwnTwoPasses) {
+  const ReadResult r = Read(Svg("<a1/><g><b1/></g><a2/>"));
+  EXPECT_EQ(r.Logs, (Lines{"- Unknown node name: node=\"a1\"", "- Unknown node name: node=\"a2\"",
+                           "- Unknown node name: node=\"a1\"", "- Unknown node name: node=\"b1\"",
+                           "- Unknown node name: node=\"b1\"", "- Unknown node name: node=\"a2\""}));
+}
+
+TEST(VectorReaderSvgTest, StyleSheetOfALevelIsKnownBeforeThatLevelDraws) {
+  // The sheet stands after its user at the same level: it still applies. One
+  // in a later sibling group comes too late for the first group.
+  const ReadResult r = Read(Svg("<g class=\"x\"/><g class=\"y\"/><style>.x{fill:red}</style>"
+                                "<g><style>.y{fill:blue}</style></g>"));
+  EXPECT_EQ(r.Commands, (Lines{"{", "brush fill=#FFFF0000 rule=nonzero", "}", "{", "brush rule=nonzero", "}", "{",
+                               "brush rule=nonzero", "}"}));
+}
+
+TEST(VectorReaderSvgTest, GroupsAndTransformsOpenScopes) {
+  const ReadResult r = Read(Svg("<g fill=\"red\" transform=\"translate(5,6)\"><g/></g>"
+                                "<desc transform=\"scale(2)\"/><g transform=\"skewX(10)\"/>"));
+  EXPECT_EQ(r.Commands, (Lines{
+                            "{", "brush fill=#FFFF0000 rule=nonzero", "transform 1 0 0 1 5 6",  //
+                            "{", "brush rule=nonzero", "}",                                     //
+                            "}",                                                                //
+                            // An ignored element with a transform still gets its scope.
+                            "{", "transform 2 0 0 2 0 0", "}",  //
+                            // A transform of only unsupported steps is an identity.
+                            "{", "brush rule=nonzero", "transform 1 0 0 1 0 0", "}",
+                        }));
+  EXPECT_EQ(r.Result, TqxResultParsing::Success);
+}
+
+TEST(VectorReaderSvgTest, VerdictOnlyGetsWorseAndEveryLineIsLogged) {
+  TqxVectorDocument doc;
+  OpenReader reader(doc);
+  std::vector<std::pair<std::string, TqxLogType>> seen;
+  reader.FOnLog = [&](TqxVectorReaderSVG* sender, const std::string& message, TqxLogType type) {
+    EXPECT_EQ(sender, &reader);
+    seen.emplace_back(message, type);
+  };
+  EXPECT_EQ(reader.Result(), TqxResultParsing::Success);
+  reader.Warn("first %s", {"warning"});
+  EXPECT_EQ(reader.Result(), TqxResultParsing::SuccessWithWarnings);
+  reader.Stop("an error");
+  EXPECT_EQ(reader.Result(), TqxResultParsing::Failed);
+  reader.Warn("late warning");
+  EXPECT_EQ(reader.Result(), TqxResultParsing::Failed);
+  EXPECT_TRUE(reader.WasFailed());
+  EXPECT_EQ(reader.Logs(), (Lines{"- first warning", "- an error", "- late warning"}));
+  EXPECT_EQ(seen, (std::vector<std::pair<std::string, TqxLogType>>{{"first warning", TqxLogType::Warning},
+                                                                   {"an error", TqxLogType::Error},
+                                                                   {"late warning", TqxLogType::Warning}}));
+  EXPECT_EQ(reader.LogText(), "- first warning\r\n- an error\r\n- late warning");
+}
+
+TEST(VectorReaderSvgTest, CheckContentGivesTheLogAsHint) {
+  std::string hint = "stale";
+  EXPECT_EQ(TqxVectorReaderSVG::CheckContent(Svg("<image/>"), hint), TqxResultParsing::SuccessWithWarnings);
+  EXPECT_EQ(hint, "- Unknown node name: node=\"image\"\r\n- Unknown node name: node=\"image\"");
+  EXPECT_EQ(TqxVectorReaderSVG::CheckContent(Svg(""), hint), TqxResultParsing::Success);
+  EXPECT_EQ(hint, "");
+  EXPECT_EQ(TqxVectorReaderSVG::CheckContent(Svg("<g/>")), TqxResultParsing::Success);
+
+  // A text in a legacy encoding still reads through the string.
+  const std::string cp1251 = "<?xml version=\"1.0\" encoding=\"windows-1251\"?><svg width=\"1\" height=\"1\"><\xF0/></svg>";
+  EXPECT_EQ(TqxVectorReaderSVG::CheckContent(cp1251, hint), TqxResultParsing::SuccessWithWarnings);
+  EXPECT_EQ(hint, "- Unknown node name: node=\"р\"\r\n- Unknown node name: node=\"р\"");
+}
+
+// Faults that end a read raise from an instance; the class functions log the
+// message to the framework log and answer Failed with an empty hint.
+TEST(VectorReaderSvgTest, ExceptionsEndTheReadAndKeepWhatWasDrawn) {
+  std::vector<std::string> errors;
+  const int sink = TqxLog::AddSink([&](TqxLogLevel level, const std::string&, const std::string& text) {
+    if (level == TqxLogLevel::Error) errors.push_back(text);
+  });
+  TqxLog::SetStderrEnabled(false);
+
+  // Paint is read before the group opens, so a bad raw number leaves no
+  // trace of its element; later faults leave the group, closed.
+  const Lines red = {"{", "brush fill=#FFFF0000 rule=nonzero", "}"};
+  const std::pair<std::string, Lines> cases[] = {
+      {Svg("<g fill=\"red\"/><g transform=\"translate(a,b)\"/><g/>"),
+       {"{", "brush fill=#FFFF0000 rule=nonzero", "}", "{", "brush rule=nonzero", "}"}},
+      {Svg("<g fill=\"red\"/><g fill-opacity=\"50%\"/><g/>"), red},
+      {Svg("<g fill=\"red\"/><g stroke-dashoffset=\"2px\"/><g/>"), red},
+      {Svg("<g fill=\"red\"/><g stroke=\"url(#missing)\"/><g/>"),
+       {"{", "brush fill=#FFFF0000 rule=nonzero", "}", "{", "}"}},
+  };
+  for (const auto& [text, drawn] : cases) {
+    SCOPED_TRACE(text);
+    TqxVectorDocument doc;
+    TqxVectorReaderSVG reader(doc);
+    std::istringstream stream(text);
+    EXPECT_ANY_THROW(reader.LoadFromStream(stream));
+    EXPECT_TRUE(reader.Logs().empty());
+    EXPECT_EQ(test::Dump(doc.Commands), drawn);
+
+    errors.clear();
+    std::string hint = "stale";
+    EXPECT_EQ(TqxVectorReaderSVG::CheckContent(text, hint), TqxResultParsing::Failed);
+    EXPECT_EQ(hint, "");
+    EXPECT_EQ(errors.size(), 1u);
+  }
+
+  std::string hint = "stale";
+  EXPECT_EQ(TqxVectorReaderSVG::CheckContent("this is no XML", hint), TqxResultParsing::Failed);
+  EXPECT_EQ(hint, "");
+  EXPECT_EQ(TqxVectorReaderSVG::Check(DataFile("frame/malformed.svg")), TqxResultParsing::Failed);
+  EXPECT_EQ(TqxVectorReaderSVG::Check(DataFile("frame/two_roots.svg")), TqxResultParsing::Failed);
+  EXPECT_EQ(TqxVectorReaderSVG::Check(DataFile("frame/no_such_file.svg")), TqxResultParsing::Failed);
+  EXPECT_EQ(TqxVectorReaderSVG::Check(DataFile("frame")), TqxResultParsing::Failed);
+
+  TqxLog::SetStderrEnabled(true);
+  TqxLog::RemoveSink(sink);
+}
+
+TEST(VectorReaderSvgTest, ClassFunctionsReadRealFiles) {
+  EXPECT_EQ(TqxVectorReaderSVG::Check(DataFile("frame/viewbox_only.svg")), TqxResultParsing::Success);
+  EXPECT_EQ(TqxVectorReaderSVG::Check(DataFile("frame/unknown_elements.svg")),
+            TqxResultParsing::SuccessWithWarnings);
+
+  // A second load through one reader starts from an empty document.
+  TqxVectorDocument doc;
+  TqxVectorReaderSVG reader(doc);
+  reader.LoadFromFile(DataFile("frame/not_svg_root.svg"));
+  reader.LoadFromFile(DataFile("frame/not_svg_root.svg"));
+  EXPECT_EQ(doc.Commands.size(), 3u);
+  EXPECT_THROW(reader.LoadFromFile(DataFile("frame/no_such_file.svg")), Exception);
+}
+
+std::string NestedGroups(int depth) {
+  std::string text = "<svg width=\"1\" height=\"1\">";
+  for (int i = 0; i < depth; ++i) text += "<g>";
+  for (int i = 0; i < depth; ++i) text += "</g>";
+  return text + "</svg>";
+}
+
+TEST(VectorReaderSvgTest, NestingBeyondTheLimitFailsWithBalancedGroups) {
+  EXPECT_EQ(Read(NestedGroups(1000)).Result, TqxResultParsing::Success);
+
+  const ReadResult deep = Read(NestedGroups(20000));
+  EXPECT_EQ(deep.Result, TqxResultParsing::Failed);
+  ASSERT_EQ(deep.Logs.size(), 1u);
+  EXPECT_NE(deep.Logs[0].find("nested deeper than 1024 levels"), std::string::npos) << deep.Logs[0];
+  // The groups opened before the limit are all closed again.
+  EXPECT_EQ(std::count(deep.Commands.begin(), deep.Commands.end(), "{"),
+            std::count(deep.Commands.begin(), deep.Commands.end(), "}"));
+}
+
+}  // namespace
+}  // namespace qx
