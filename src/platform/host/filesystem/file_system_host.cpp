@@ -22,12 +22,12 @@ std::shared_ptr<TqxDprojProject> TqxFileSystemHost::FindProject(const std::strin
 
 std::shared_ptr<TqxDprojProject> TqxFileSystemHost::OpenProject(const std::string& fileName) {
   if (auto open = FindProject(fileName)) {
-    FActive = open;
+    SetActive(open);
     return open;
   }
   auto project = TqxDprojProject::Open(fileName);
   FProjects.push_back(project);
-  FActive = project;
+  SetActive(project);
   TqxProjectOpenedMessage message(project);
   FMessages.SendMessage(this, message);
   return project;
@@ -40,7 +40,7 @@ void TqxFileSystemHost::CloseProject(const std::shared_ptr<IOTAProject>& project
   auto closing = *it;  // keeps it alive while its notifiers run
   closing->NotifyDestroyed();
   FProjects.erase(std::find(FProjects.begin(), FProjects.end(), closing));
-  if (FActive == closing) FActive = FProjects.empty() ? nullptr : FProjects.back();
+  if (FActive == closing) SetActive(FProjects.empty() ? nullptr : FProjects.back());
 }
 
 void TqxFileSystemHost::CloseAll() {
@@ -51,11 +51,17 @@ std::shared_ptr<IOTAProject> TqxFileSystemHost::GetActiveProject() { return FAct
 
 void TqxFileSystemHost::SetActiveProject(const std::shared_ptr<IOTAProject>& project) {
   if (!project) {
-    FActive = nullptr;
+    SetActive(nullptr);
     return;
   }
   for (const auto& p : FProjects)
-    if (p.get() == project.get()) FActive = p;
+    if (p.get() == project.get()) SetActive(p);
+}
+
+void TqxFileSystemHost::SetActive(std::shared_ptr<TqxDprojProject> project) {
+  if (FActive == project) return;
+  FActive = std::move(project);
+  if (FOnActiveProjectChanged) FOnActiveProjectChanged(FActive);
 }
 
 }  // namespace qx

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -31,7 +32,12 @@ public:
   const std::vector<std::shared_ptr<TqxDprojProject>>& Projects() const { return FProjects; }
   std::shared_ptr<TqxDprojProject> FindProject(const std::string& fileName) const;
 
+  // Told of each change of the active project (nullptr when none is left).
+  std::function<void(const std::shared_ptr<IOTAProject>& project)> FOnActiveProjectChanged;
+
 private:
+  void SetActive(std::shared_ptr<TqxDprojProject> project);
+
   TMessageManager& FMessages;
   std::vector<std::shared_ptr<TqxDprojProject>> FProjects;
   std::shared_ptr<TqxDprojProject> FActive;
