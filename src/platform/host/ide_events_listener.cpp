@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "platform/core/assets/assets_factory.h"
 #include "platform/core/base/assert.h"
 #include "platform/core/base/log.h"
 #include "platform/host/ide_messages.h"
@@ -35,7 +36,8 @@ TqxIdeEventsListener& TqxIdeEventsListener::Instance() {
   return listener;
 }
 
-TqxIdeEventsListener::TqxIdeEventsListener(TMessageManager& messages) : FMessages(messages) {}
+TqxIdeEventsListener::TqxIdeEventsListener(TMessageManager& messages)
+    : FLoadConfig(&TqxAssetsFactory::LoadFromFile), FMessages(messages) {}
 
 TqxIdeEventsListener::~TqxIdeEventsListener() { Finalize(); }
 

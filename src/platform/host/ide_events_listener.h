@@ -51,8 +51,7 @@ public:
   // Makes the project's manager the current one (nullptr for no project).
   void ActiveProjectChanged(const std::shared_ptr<IOTAProject>& project);
 
-  // Reads a config file into a manager; the application sets it to the
-  // framework's factory.
+  // Reads a config file into a manager: the framework's factory unless set otherwise.
   TConfigLoader FLoadConfig;
 
 private:

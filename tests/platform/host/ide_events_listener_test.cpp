@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
 
 #include "dproj_fixture.h"
+#include "platform/core/assets/assets_factory.h"
+#include "platform/core/assets/assets_manager_helper.h"
 #include "platform/host/filesystem/file_system_host.h"
 #include "platform/host/ide_messages.h"
 
@@ -78,17 +79,26 @@ TEST_F(IdeEventsListenerTest, AnOpenedProjectGetsAFilledManagerBeforeOthersHearO
   EXPECT_EQ(TqxAssetsManager::GetCurrent(), nullptr);
 }
 
-TEST_F(IdeEventsListenerTest, AFailingLoadLeavesAnEmptyManager) {
+TEST_F(IdeEventsListenerTest, TheManagerReadsTheProjectsConfigAndSurvivesABrokenOne) {
   std::filesystem::create_directories(FDir / "Assets");
-  std::ofstream((FDir / "Assets" / "config.json").string()) << "{";
+  const std::string config = (FDir / "Assets" / "config.json").string();
+  TqxAssetsManager saved;
+  TqxAssetsManagerHelper::AddColor(saved, "Primary", 0xFF112233, true);
+  TqxAssetsFactory::SaveConfigToFile(saved, config, TqxWritingOptions::Default());
+
   TqxIdeEventsListener listener(FMessages);
-  listener.FLoadConfig = [](TqxAssetsManager&, const std::string&) {
-    throw std::runtime_error("bad config");
-  };
   listener.Initialize();
   TqxFileSystemHost host(FMessages);
   auto project = host.OpenProject(Copy("bare_lf.dproj"));
   TqxAssetsManager* manager = listener.FindAssetsManager(project->GetProjectGUID());
+  ASSERT_NE(manager, nullptr);
+  EXPECT_TRUE(manager->Contains("Primary"));
+
+  std::ofstream(config, std::ios::trunc) << "{";
+  host.CloseProject(project);
+  FMessages.ProcessPostedMessages();
+  project = host.OpenProject((FDir / "bare_lf.dproj").string());
+  manager = listener.FindAssetsManager(project->GetProjectGUID());
   ASSERT_NE(manager, nullptr);
   EXPECT_TRUE(manager->IsEmpty());
 }
