@@ -232,6 +232,44 @@ TEST_F(DprojDeploymentTest, TheDeploymentSectionIsMadeWhereThereIsNone) {
             std::string::npos);
 }
 
+TEST_F(DprojDeploymentTest, OddButValidLayoutsReadAndRewriteCleanly) {
+  const std::string fileName = Copy("odd_layout.dproj");
+  const std::string original = Read(fileName);
+  auto project = TqxDprojProject::Open(fileName);
+  EXPECT_EQ(Describe(project->Deployment()->Entries()),
+            "Assets\\R&D\\notes.txt|Debug|Quorvex_Assets|Android64|1|||0|0\n"
+            "Assets\\R&D\\notes.txt|Debug|Quorvex_Assets|Android|1|assets\\R&D|notes.txt|1|0\n"
+            "Linux64\\Debug\\tool||ProjectOutput|Linux64|1||tool|0|0\n");
+
+  auto deployment = project->GetProjectDeployment();
+  // Rewrite the one-line Platform (its unknown child must survive), drop the
+  // self-closing one, and add an entry.
+  auto file = deployment->CreateFile("Debug", "Android", "Assets\\R&D\\notes.txt");
+  file->SetDeploymentClass(kAssets);
+  file->SetRemoteDir("Android", "assets\\R&D");
+  file->SetRemoteName("Android", "notes-2.txt");
+  deployment->RemoveFile("Debug", "Android64", "Assets\\R&D\\notes.txt");
+  Enter(*deployment, kConfig, "Assets\\config-android.json", {"Android"}, "assets", "config.json",
+        {"Release"});
+  project->Save();
+
+  const std::string text = Read(fileName);
+  auto reread = TqxDprojProject::Open(fileName);
+  EXPECT_EQ(Describe(reread->Deployment()->Entries()), Describe(project->Deployment()->Entries()));
+  for (const char* kept : {"<!-- R&D builds only -->", "<Extra>kept</Extra>",
+                           "<DeployFile LocalName=\"Empty.txt\" Configuration=\"Debug\" Class=\"File\"/>",
+                           "<DeployFile LocalName=\"Linux64\\Debug\\tool\" Class=\"ProjectOutput\"><Platform"})
+    EXPECT_NE(text.find(kept), std::string::npos) << kept;
+  EXPECT_EQ(text.find("<Platform Name=\"Android64\"/>"), std::string::npos);
+  // New elements are indented with the file's tabs, behind the last DeployFile.
+  EXPECT_NE(text.find("</DeployFile>\n\t\t\t\t<DeployFile LocalName=\"Assets\\config-android.json\" "
+                      "Configuration=\"Release\" Class=\"Quorvex_AssetsConfig\">\n\t\t\t\t\t<Platform "
+                      "Name=\"Android\">\n\t\t\t\t\t\t<Enabled>true</Enabled>"),
+            std::string::npos)
+      << text;
+  EXPECT_TRUE(text.starts_with(original.substr(0, original.find("<Deployment"))));
+}
+
 TEST_F(DprojDeploymentTest, RepeatedRewritesDoNotAccumulate) {
   const std::string fileName = Copy("shop_crlf_bom.dproj");
   auto rewrite = [](IProjectDeployment& deployment) {
