@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/host/guid.h"
+
 namespace qx {
 
 // One file of a project's deployment as the IDE keeps it: a local file, under
@@ -35,6 +37,9 @@ public:
 // The project's deployment manager, as far as the assets deployment uses it.
 class IProjectDeployment {
 public:
+  // The interface id under which the IDE offers the service.
+  static TGUID IID() { return TGUID::Parse("{5B9DE738-9557-45F2-90EE-FC21EAEE29FE}"); }
+
   virtual ~IProjectDeployment() = default;
 
   // Every entry of the class, on every platform and configuration.

@@ -120,7 +120,7 @@ TEST_F(DprojProjectTest, UnreadableFilesGiveClearErrors) {
   std::string broken = Copy("broken.dproj");
   std::string message = messageOf(broken);
   EXPECT_NE(message.find(broken), std::string::npos) << message;
-  EXPECT_NE(message.find("line 4"), std::string::npos) << message;
+  EXPECT_NE(message.find("line 4, column 7"), std::string::npos) << message;
 
   message = messageOf(Copy("not_a_project.dproj"));
   EXPECT_NE(message.find("not a project file"), std::string::npos) << message;

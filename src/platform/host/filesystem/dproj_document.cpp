@@ -13,7 +13,12 @@ constexpr std::string_view kUtf8Bom = "\xEF\xBB\xBF";
 [[noreturn]] void Fail(const std::string& fileName, const std::string& text, std::size_t offset,
                        const std::string& what) {
   int line = 0, column = 0;
-  XmlText::LineColumn(text, offset, line, column);
+  std::string_view counted(text);
+  if (counted.starts_with(kUtf8Bom) && offset >= kUtf8Bom.size()) {
+    counted.remove_prefix(kUtf8Bom.size());  // the mark is no column of its own
+    offset -= kUtf8Bom.size();
+  }
+  XmlText::LineColumn(counted, offset, line, column);
   throw Exception(Format("Cannot read the project \"%s\": %s (line %d, column %d)",
                          {fileName, what, line, column}));
 }
