@@ -1,0 +1,144 @@
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include "platform/core/assets/asset_file.h"
+#include "platform/core/assets/asset_font.h"
+#include "platform/core/assets/asset_link.h"
+#include "platform/core/assets/asset_lottie_animation.h"
+#include "platform/core/assets/asset_style.h"
+#include "platform/core/assets/asset_svg.h"
+#include "platform/core/assets/asset_theme_container.h"
+#include "platform/core/base/exception.h"
+#include "platform/core/vector/vector_document.h"
+
+namespace qx {
+namespace {
+
+const std::string kData = std::string(QX_TEST_DATA_DIR) + "/assets/";
+
+TEST(AssetKindsTest, EachKindNamesItsTypeAndIsEmptyWithoutItsFile) {
+  TqxAssetFont font("F");
+  TqxAssetFile file("F");
+  TqxAssetLottieAnimation lottie("F");
+  TqxAssetStyle style("F");
+  TqxAssetSVG svg("F");
+  TqxAssetThemeContainer theme("T");
+  EXPECT_EQ(font.GetType(), "font");
+  EXPECT_EQ(file.GetType(), "file");
+  EXPECT_EQ(lottie.GetType(), "lottie-json");
+  EXPECT_EQ(style.GetType(), "style");
+  EXPECT_EQ(svg.GetType(), "svg");
+  EXPECT_EQ(theme.GetType(), "theme-container");
+  for (const TqxAsset* a : std::initializer_list<const TqxAsset*>{&font, &file, &lottie, &style, &svg}) {
+    EXPECT_TRUE(a->IsEmpty()) << a->GetType();
+  }
+  font.SetUri(kData + "x.ttf");
+  svg.SetSVGUri(kData + "circle.svg");
+  EXPECT_FALSE(font.IsEmpty());
+  EXPECT_FALSE(svg.IsEmpty());
+  EXPECT_EQ(svg.ToString(), "svg \"F\" [default]");
+}
+
+TEST(AssetKindsTest, ClonesCarryEveryFieldAndStayIndependent) {
+  TqxAssetFile file("Data\\Db", kPlatformAndroid, 0);
+  file.SetUri("/p/db.sqlite");
+  file.SetFileLocation(TqxFileLocation::Documents);
+  file.SetExtractionRule(TqxExtractionRule::OnNewVersion);
+  auto fileClone = file.Clone("Data\\Db-1");
+  auto& fileCopy = dynamic_cast<TqxAssetFile&>(*fileClone);
+  EXPECT_EQ(fileCopy.Uri(), "/p/db.sqlite");
+  EXPECT_EQ(fileCopy.FileLocation(), TqxFileLocation::Documents);
+  EXPECT_EQ(fileCopy.ExtractionRule(), TqxExtractionRule::OnNewVersion);
+  EXPECT_EQ(fileCopy.Platform(), kPlatformAndroid);
+
+  TqxAssetStyle style("S");
+  style.SetTargetClassName("TqxButton");
+  auto styleClone = style.Clone("S-1");
+  EXPECT_EQ(dynamic_cast<TqxAssetStyle&>(*styleClone).GetStyleClass(), "TqxButton");
+
+  TqxAssetSVG svg("Icon", 0, 3);
+  svg.SetSVGUri(kData + "circle.svg");
+  svg.SetVectorUri("Icon\\any-phone-large.vector");
+  svg.SetSize({24, 24});
+  svg.VectorDocument().Size = {24, 24};
+  svg.VectorDocument().DrawPath("M0 0L1 1");
+  auto svgClone = svg.Clone("Icon-1");
+  auto& svgCopy = dynamic_cast<TqxAssetSVG&>(*svgClone);
+  EXPECT_EQ(svgCopy.SVGUri(), svg.SVGUri());
+  EXPECT_EQ(svgCopy.VectorUri(), svg.VectorUri());
+  EXPECT_EQ(svgCopy.Size(), (TSizeF{24, 24}));
+  EXPECT_EQ(svgCopy.VectorDocument().Size, (TSizeF{24, 24}));
+  EXPECT_EQ(svgCopy.VectorDocument().Commands.size(), 1u);
+  svgCopy.VectorDocument().Clear();
+  EXPECT_EQ(svg.VectorDocument().Commands.size(), 1u);
+}
+
+TEST(AssetKindsTest, StyleClassComesFromTheAssetElseFromItsFile) {
+  TqxAssetStyle style("S");
+  EXPECT_EQ(style.GetStyleClass(), "");
+  style.SetUri(kData + "style_label.json");
+  EXPECT_EQ(style.GetStyleClass(), "TqxLabel");
+  style.SetTargetClassName("TqxButton");
+  EXPECT_EQ(style.GetStyleClass(), "TqxButton");
+
+  style.SetTargetClassName("");
+  for (const char* bad : {"circle.svg", "missing.json"}) {
+    style.SetUri(kData + bad);
+    EXPECT_EQ(style.GetStyleClass(), "") << bad;
+  }
+}
+
+TEST(AssetKindsTest, SvgContentIsTheFileText) {
+  TqxAssetSVG svg("Icon");
+  EXPECT_THROW(svg.GetSVGContent(), Exception);
+  svg.SetSVGUri(kData + "circle.svg");
+  EXPECT_EQ(svg.GetSVGFileName(), kData + "circle.svg");
+  const std::string text = svg.GetSVGContent();
+  EXPECT_TRUE(text.starts_with("<svg"));
+  EXPECT_NE(text.find("#2196F3"), std::string::npos);
+  svg.SetSVGUri(kData + "nothing.svg");
+  EXPECT_THROW(svg.GetSVGContent(), Exception);
+}
+
+TEST(AssetKindsTest, FileOptionsRoundTripAsWords) {
+  for (auto location : {TqxFileLocation::Bundle, TqxFileLocation::Documents, TqxFileLocation::Cache}) {
+    TqxFileLocation parsed{};
+    ASSERT_TRUE(TqxAssetFile::TryParse(TqxAssetFile::FileLocationToString(location), parsed));
+    EXPECT_EQ(parsed, location);
+  }
+  for (auto rule : {TqxExtractionRule::IfMissing, TqxExtractionRule::OnNewVersion, TqxExtractionRule::Always}) {
+    TqxExtractionRule parsed{};
+    ASSERT_TRUE(TqxAssetFile::TryParse(TqxAssetFile::ExtractionRuleToString(rule), parsed));
+    EXPECT_EQ(parsed, rule);
+  }
+  TqxFileLocation location = TqxFileLocation::Cache;
+  EXPECT_TRUE(TqxAssetFile::TryParse("DOCUMENTS", location));
+  EXPECT_EQ(location, TqxFileLocation::Documents);
+  EXPECT_FALSE(TqxAssetFile::TryParse("desktop", location));
+}
+
+TEST(AssetLinkTest, DefaultGivenAsThemeAndNameOrAsFullName) {
+  TqxAssetColorLink link;
+  EXPECT_FALSE(link.HasDefault());
+  link.SetDefault("Theme", "Text\\Dividers");
+  EXPECT_EQ(link.GetDefaultName(), "Theme\\Text\\Dividers");
+  EXPECT_EQ(link.GetDefaultThemeAssetName(), "Theme:Text\\Dividers");
+
+  link.SetDefaultName("Theme\\Text\\Secondary Text");
+  EXPECT_EQ(link.GetDefaultTheme(), "");
+  EXPECT_EQ(link.GetDefaultName(), "Theme\\Text\\Secondary Text");
+
+  link.SetDefault("", "");
+  EXPECT_FALSE(link.HasDefault());
+  EXPECT_EQ(link.GetDefaultThemeAssetName(), "");
+  link.SetName("Brand\\Red");
+  EXPECT_EQ(link.GetName(), "Brand\\Red");
+  const TqxAssetLink* base = &link;
+  EXPECT_NE(dynamic_cast<const TqxAssetColorLink*>(base), nullptr);
+  EXPECT_EQ(dynamic_cast<const TqxAssetStyleLink*>(base), nullptr);
+}
+
+}  // namespace
+}  // namespace qx
