@@ -15,8 +15,10 @@ public:
   explicit TqxAssetGroup(TqxAssetName name) : FName(std::move(name)) {}
 
   const TqxAssetName& Name() const { return FName; }
-  const std::vector<TqxAsset*>& Items() const { return FItems; }
-  std::vector<TqxAsset*>& Items() { return FItems; }
+  const std::vector<TqxAsset*>& Items() const& { return FItems; }
+  std::vector<TqxAsset*>& Items() & { return FItems; }
+  // By value on a temporary group, so `for (auto* a : model.GetAssets(n).Items())` is safe.
+  std::vector<TqxAsset*> Items() && { return std::move(FItems); }
 
   void Add(TqxAsset* asset) { FItems.push_back(asset); }
   TqxAsset* Adopt(std::unique_ptr<TqxAsset> asset) {
