@@ -11,6 +11,7 @@
 #include "platform/core/assets/asset_style.h"
 #include "platform/core/assets/asset_svg.h"
 #include "platform/core/assets/asset_theme_container.h"
+#include "platform/core/assets/assets_factory.h"
 #include "platform/core/assets/assets_manager_helper.h"
 #include "platform/core/base/assert.h"
 #include "platform/core/base/text.h"
@@ -146,6 +147,12 @@ TqxAsset* TqxAssetsModel::Copy(const TqxAssetName& name) {
   }
   if (last != nullptr) DoChanged(target, TqxAssetOperation::Added);
   return last;
+}
+
+void TqxAssetsModel::LoadFromFile(const std::string& configFileName) {
+  std::error_code error;
+  if (!std::filesystem::exists(configFileName, error)) return;
+  TqxAssetsFactory::LoadFromFile(*FAssetsManager, configFileName);
 }
 
 // --- Colour variants ---

@@ -85,6 +85,9 @@ public:
   // or nullptr when the name has no asset.
   TqxAsset* Copy(const TqxAssetName& name);
 
+  // Replaces the contents by the config file when it exists (links followed);
+  // otherwise the manager stays as it was. No event.
+  void LoadFromFile(const std::string& configFileName);
   // Drops each colour variant that says no more than the more general
   // variant of its name would. No event.
   void CleanUp();

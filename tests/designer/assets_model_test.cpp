@@ -1,5 +1,9 @@
 #include "designer/assets_model.h"
 
+#include <unistd.h>
+
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "platform/core/assets/asset_bitmap_set.h"
@@ -7,6 +11,7 @@
 #include "platform/core/assets/asset_font.h"
 #include "platform/core/assets/asset_svg.h"
 #include "platform/core/assets/asset_theme_container.h"
+#include "platform/core/assets/assets_factory.h"
 #include "platform/core/base/exception.h"
 #include "platform/core/graphics/bitmap.h"
 
@@ -216,6 +221,32 @@ TEST_F(AssetsModelTest, CleanUpDropsColourVariantsThatAddNothing) {
   EXPECT_EQ(Targets("Mixed"), (Names{"default"}));
   EXPECT_EQ(Targets("Font"), (Names{"android"}));
   EXPECT_TRUE(TakeEvents().empty());
+}
+
+TEST_F(AssetsModelTest, LoadReplacesTheContentsOnlyWhenTheFileExists) {
+  namespace fs = std::filesystem;
+  const fs::path dir = fs::temp_directory_path() / ("qx_assets_model_" + std::to_string(::getpid()));
+  fs::create_directories(dir);
+  {
+    TqxAssetsManager saved;
+    saved.Add(std::make_unique<TqxAssetColor>("Saved", 1, 2, 0xFF123456));
+    TqxAssetsFactory::SaveConfigToFile(saved, (dir / "config.json").string(), TqxWritingOptions::Default());
+  }
+  fs::create_symlink(dir / "config.json", dir / "link.json");
+
+  FModel.LoadFromFile((dir / "missing.json").string());
+  EXPECT_TRUE(FModel.GetAssetsManager().IsEmpty());  // a project without assets starts empty
+  AddColors({"Local"});
+  FModel.LoadFromFile((dir / "missing.json").string());
+  EXPECT_EQ(AssetNames(), (Names{"Local"}));
+
+  FModel.LoadFromFile((dir / "link.json").string());
+  EXPECT_EQ(AssetNames(), (Names{"Saved"}));
+  auto* color = dynamic_cast<TqxAssetColor*>(FModel.GetAssetsManager().FindExact("Saved", 1, 2));
+  ASSERT_NE(color, nullptr);
+  EXPECT_EQ(color->Color(), 0xFF123456u);
+  EXPECT_TRUE(TakeEvents().empty());
+  fs::remove_all(dir);
 }
 
 }  // namespace
