@@ -1,15 +1,9 @@
-#include <filesystem>
-#include <fstream>
-
 #include <gtest/gtest.h>
 
 #include "platform/core/assets/asset_file.h"
-#include "platform/core/assets/asset_font.h"
 #include "platform/core/assets/asset_link.h"
-#include "platform/core/assets/asset_lottie_animation.h"
 #include "platform/core/assets/asset_style.h"
 #include "platform/core/assets/asset_svg.h"
-#include "platform/core/assets/asset_theme_container.h"
 #include "platform/core/base/exception.h"
 #include "platform/core/vector/vector_document.h"
 
@@ -17,29 +11,6 @@ namespace qx {
 namespace {
 
 const std::string kData = std::string(QX_TEST_DATA_DIR) + "/assets/";
-
-TEST(AssetKindsTest, EachKindNamesItsTypeAndIsEmptyWithoutItsFile) {
-  TqxAssetFont font("F");
-  TqxAssetFile file("F");
-  TqxAssetLottieAnimation lottie("F");
-  TqxAssetStyle style("F");
-  TqxAssetSVG svg("F");
-  TqxAssetThemeContainer theme("T");
-  EXPECT_EQ(font.GetType(), "font");
-  EXPECT_EQ(file.GetType(), "file");
-  EXPECT_EQ(lottie.GetType(), "lottie-json");
-  EXPECT_EQ(style.GetType(), "style");
-  EXPECT_EQ(svg.GetType(), "svg");
-  EXPECT_EQ(theme.GetType(), "theme-container");
-  for (const TqxAsset* a : std::initializer_list<const TqxAsset*>{&font, &file, &lottie, &style, &svg}) {
-    EXPECT_TRUE(a->IsEmpty()) << a->GetType();
-  }
-  font.SetUri(kData + "x.ttf");
-  svg.SetSVGUri(kData + "circle.svg");
-  EXPECT_FALSE(font.IsEmpty());
-  EXPECT_FALSE(svg.IsEmpty());
-  EXPECT_EQ(svg.ToString(), "svg \"F\" [default]");
-}
 
 TEST(AssetKindsTest, ClonesCarryEveryFieldAndStayIndependent) {
   TqxAssetFile file("Data\\Db", kPlatformAndroid, 0);
@@ -100,23 +71,6 @@ TEST(AssetKindsTest, SvgContentIsTheFileText) {
   EXPECT_NE(text.find("#2196F3"), std::string::npos);
   svg.SetSVGUri(kData + "nothing.svg");
   EXPECT_THROW(svg.GetSVGContent(), Exception);
-}
-
-TEST(AssetKindsTest, FileOptionsRoundTripAsWords) {
-  for (auto location : {TqxFileLocation::Bundle, TqxFileLocation::Documents, TqxFileLocation::Cache}) {
-    TqxFileLocation parsed{};
-    ASSERT_TRUE(TqxAssetFile::TryParse(TqxAssetFile::FileLocationToString(location), parsed));
-    EXPECT_EQ(parsed, location);
-  }
-  for (auto rule : {TqxExtractionRule::IfMissing, TqxExtractionRule::OnNewVersion, TqxExtractionRule::Always}) {
-    TqxExtractionRule parsed{};
-    ASSERT_TRUE(TqxAssetFile::TryParse(TqxAssetFile::ExtractionRuleToString(rule), parsed));
-    EXPECT_EQ(parsed, rule);
-  }
-  TqxFileLocation location = TqxFileLocation::Cache;
-  EXPECT_TRUE(TqxAssetFile::TryParse("DOCUMENTS", location));
-  EXPECT_EQ(location, TqxFileLocation::Documents);
-  EXPECT_FALSE(TqxAssetFile::TryParse("desktop", location));
 }
 
 TEST(AssetLinkTest, DefaultGivenAsThemeAndNameOrAsFullName) {

@@ -4,7 +4,6 @@
 
 #include "platform/core/assets/asset_bitmap_set.h"
 #include "platform/core/assets/asset_color.h"
-#include "platform/core/assets/asset_comparer.h"
 #include "platform/core/assets/asset_font.h"
 #include "platform/core/assets/asset_theme_container.h"
 #include "platform/core/assets/assets_manager_helper.h"
@@ -161,13 +160,6 @@ TEST(AssetsManagerTest, HelperAddsColourForAnyTargetAndRespectsReplace) {
 
   m.Add(std::make_unique<TqxAssetFont>("F"));
   EXPECT_THROW(TqxAssetsManagerHelper::AddColor(m, "F", 0, false), Exception);
-}
-
-TEST(AssetsManagerTest, ComparerPutsAnyFirstOnBothAxes) {
-  TqxAssetColor a("X", 1, 0), b("X", 0, 3), c("X", 0, 0), d("X", 1, 2);
-  std::vector<TqxAsset*> items{&a, &b, &c, &d};
-  std::sort(items.begin(), items.end(), TqxAssetComparer());
-  EXPECT_EQ(NamesOf(items), (Names{"X/default", "X/any-phone-large", "X/android", "X/android-phone-normal"}));
 }
 
 }  // namespace
