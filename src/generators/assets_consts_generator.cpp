@@ -74,6 +74,11 @@ std::vector<TqxThemeName> SortedThemes(const TqxAssetsManager* manager) {
   return themes;
 }
 
+std::shared_ptr<IOTAProject> NotNil(std::shared_ptr<IOTAProject> project) {
+  TqxAssert::IsNotNil(project.get(), "AProject");
+  return project;
+}
+
 std::vector<TqxAssetGroup> SortedGroups(const TqxAssetsManager& manager) {
   std::vector<TqxAssetGroup> groups;
   for (TqxAssetGroup& group : manager.GetGroupedAssets()) {
@@ -95,17 +100,15 @@ void TqxAssetsConstsGenerator::GenerateAssetsConsts(const std::shared_ptr<IOTAPr
 }
 
 TqxAssetsConstsGenerator::TqxAssetsConstsGenerator(std::shared_ptr<IOTAProject> project)
-    : TqxAssetsConstsGenerator(project, project ? FindAssetsManager(*project) : nullptr) {}
+    : TqxAssetsConstsGenerator(project, FindAssetsManager(NotNil(project))) {}
 
 TqxAssetsConstsGenerator::TqxAssetsConstsGenerator(std::shared_ptr<IOTAProject> project,
                                                    const TqxAssetsManager* assetsManager)
-    : FProject(std::move(project)), FAssetsManager(assetsManager), FNames(SortedThemes(assetsManager)),
-      FGroups(SortedGroups(*assetsManager)) {
-  TqxAssert::IsNotNil(FProject.get(), "AProject");
-}
+    : FProject(NotNil(std::move(project))), FAssetsManager(assetsManager), FNames(SortedThemes(assetsManager)),
+      FGroups(SortedGroups(*assetsManager)) {}
 
-const TqxAssetsManager* TqxAssetsConstsGenerator::FindAssetsManager(const IOTAProject& project) {
-  if (TqxAssetsManager* manager = TqxIdeEventsListener::Instance().FindAssetsManager(project.GetProjectGUID()))
+const TqxAssetsManager* TqxAssetsConstsGenerator::FindAssetsManager(const std::shared_ptr<IOTAProject>& project) {
+  if (TqxAssetsManager* manager = TqxIdeEventsListener::Instance().FindAssetsManager(project->GetProjectGUID()))
     return manager;
   return TqxAssetsManager::GetCurrent();
 }

@@ -45,7 +45,7 @@ public:
 private:
   using TFilter = std::function<bool(const TqxAsset&)>;
   using TComment = std::function<std::string(const TqxAsset&)>;
-  static const TqxAssetsManager* FindAssetsManager(const IOTAProject& project);
+  static const TqxAssetsManager* FindAssetsManager(const std::shared_ptr<IOTAProject>& project);
   static std::string GenerateComment(const TqxAsset& asset);
 
   bool HasAssets(const TFilter& filter) const;

@@ -306,9 +306,6 @@ TEST_F(AssetsConstsWritingTest, ClassEntryReadsTheProjectsIdeWideManager) {
   std::filesystem::create_directories(FDir / "Assets");
   TqxAssetsFactory::SaveConfigToFile(FManager, (FDir / "Assets" / "config.json").string(), TqxWritingOptions::Default());
   TqxIdeEventsListener& listener = TqxIdeEventsListener::Instance();
-  listener.FLoadConfig = [](TqxAssetsManager& manager, const std::string& fileName) {
-    TqxAssetsFactory::LoadFromFile(manager, fileName);
-  };
   listener.ProjectOpened(FProject);
   // Another manager is current; the project's own is the one read.
   TqxAssetsManager other;
@@ -323,7 +320,6 @@ TEST_F(AssetsConstsWritingTest, ClassEntryReadsTheProjectsIdeWideManager) {
   TqxAssetsConstsGenerator::GenerateAssetsConsts(FProject, false);
   EXPECT_EQ(Read(BesideProject()), ReadData("consts/no_assets.pas"));
   TqxAssetsManager::SetCurrent(nullptr);
-  listener.FLoadConfig = nullptr;
 }
 
 }  // namespace
