@@ -104,8 +104,7 @@ TqxAssetsConstsGenerator::TqxAssetsConstsGenerator(std::shared_ptr<IOTAProject> 
 
 TqxAssetsConstsGenerator::TqxAssetsConstsGenerator(std::shared_ptr<IOTAProject> project,
                                                    const TqxAssetsManager* assetsManager)
-    : FProject(NotNil(std::move(project))), FAssetsManager(assetsManager), FNames(SortedThemes(assetsManager)),
-      FGroups(SortedGroups(*assetsManager)) {}
+    : FProject(NotNil(std::move(project))), FNames(SortedThemes(assetsManager)), FGroups(SortedGroups(*assetsManager)) {}
 
 const TqxAssetsManager* TqxAssetsConstsGenerator::FindAssetsManager(const std::shared_ptr<IOTAProject>& project) {
   if (TqxAssetsManager* manager = TqxIdeEventsListener::Instance().FindAssetsManager(project->GetProjectGUID()))
@@ -116,6 +115,7 @@ const TqxAssetsManager* TqxAssetsConstsGenerator::FindAssetsManager(const std::s
 void TqxAssetsConstsGenerator::Generate(bool isProjectDestroying) {
   // The project is held for this run only, whatever happens in it.
   const std::shared_ptr<IOTAProject> project = std::move(FProject);
+  TqxAssert::IsNotNil(project.get(), "FProject");
   BuildText();
   const fs::path projectDir = fs::path(project->GetFileName()).parent_path();
   if (!isProjectDestroying) {

@@ -26,7 +26,7 @@ public:
   // Reads the project's IDE-wide assets manager, or the current one when the
   // IDE keeps none for the project.
   explicit TqxAssetsConstsGenerator(std::shared_ptr<IOTAProject> project);
-  // Reads the given manager, which must outlive the generator.
+  // Reads the given manager, whose assets must outlive the generator.
   TqxAssetsConstsGenerator(std::shared_ptr<IOTAProject> project, const TqxAssetsManager* assetsManager);
 
   // Builds the text and writes it: into the project's own Assets.Consts.pas
@@ -70,7 +70,6 @@ private:
 
   std::vector<std::string> FBuffer;
   std::shared_ptr<IOTAProject> FProject;
-  const TqxAssetsManager* FAssetsManager;
   TqxAssetsConstsNames FNames;
   std::vector<TqxAssetGroup> FGroups;
 };
