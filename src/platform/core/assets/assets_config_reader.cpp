@@ -16,6 +16,7 @@
 #include "platform/core/assets/asset_targets.h"
 #include "platform/core/assets/asset_theme_container.h"
 #include "platform/core/assets/assets_factory.h"
+#include "platform/core/assets/config_json_stream.h"
 #include "platform/core/assets/config_uris.h"
 #include "platform/core/base/exception.h"
 #include "platform/core/base/text.h"
@@ -23,7 +24,7 @@
 namespace qx {
 namespace {
 
-using TJson = nlohmann::ordered_json;
+using TJson = TqxJsonStream::TJson;
 
 // Where a value sits in the document. Places live on the stack of the walk and
 // are turned into text only for a message.
@@ -88,9 +89,17 @@ bool IsKnownKind(const std::string& kind) {
 
 class TReader {
 public:
-  TReader(const std::string& fileName) : FFileName(fileName), FUris(fileName) {}
+  TReader(const std::string& fileName, std::size_t expectedVariants) : FFileName(fileName), FUris(fileName) {
+    FAssets.reserve(expectedVariants);
+    FSeen.reserve(expectedVariants);
+  }
 
-  std::vector<std::unique_ptr<TqxAsset>> ReadDocument(const TJson& root);
+  // The format and version, once the root holds them.
+  void CheckHeader(const TJson& root) const;
+  void ReadEntry(const TJson& entry, std::size_t index);
+  // The entries of a document read whole.
+  void ReadEntries(const TJson& root);
+  std::vector<std::unique_ptr<TqxAsset>> TakeAssets() { return std::move(FAssets); }
 
 private:
   [[noreturn]] void Fail(const TPlace& place, const std::string& what) const {
@@ -135,14 +144,22 @@ private:
     return FUris.ToFull(String(object, key, place));
   }
 
-  void CheckHeader(const TJson& root) const;
   std::unique_ptr<TqxAsset> ReadVariant(const std::string& kind, const TqxAssetName& name, const TJson& variant,
                                         const TPlace& place) const;
   void ReadBitmaps(TqxAssetBitmapSet& set, const TJson& variant, const TPlace& place) const;
 
   const std::string& FFileName;
   TqxConfigUris FUris;
+  std::vector<std::unique_ptr<TqxAsset>> FAssets;
+  // Where each variant was read, to name both places of a duplicate.
+  std::unordered_map<std::string, std::pair<std::size_t, std::size_t>> FSeen;
 };
+
+void TReader::ReadEntries(const TJson& root) {
+  const TPlace assetsPlace = TPlace{}.Member("assets");
+  const TJson& assets = Array(Field(root, "assets", TPlace{}), assetsPlace);
+  for (std::size_t a = 0; a < assets.size(); ++a) ReadEntry(assets[a], a);
+}
 
 TAlphaColor TReader::Color(const TJson& value, const TPlace& place) const {
   const char* what = "a colour \"#AARRGGBB\"";
@@ -178,42 +195,35 @@ void TReader::CheckHeader(const TJson& root) const {
   if (version < 1) Fail(TPlace{}.Member("version"), Format("unknown format version %d", {version}));
 }
 
-std::vector<std::unique_ptr<TqxAsset>> TReader::ReadDocument(const TJson& root) {
-  CheckHeader(root);
-  const TPlace assetsPlace = TPlace{}.Member("assets");
-  const TJson& assets = Array(Field(root, "assets", TPlace{}), assetsPlace);
-
-  // Where each variant was read, to name both places of a duplicate.
-  std::unordered_map<std::string, std::pair<std::size_t, std::size_t>> seen;
-  seen.reserve(assets.size() * 2);
-  std::vector<std::unique_ptr<TqxAsset>> result;
-  result.reserve(assets.size());
-  for (std::size_t a = 0; a < assets.size(); ++a) {
-    const TPlace entryPlace = assetsPlace.Element(a);
-    const TJson& entry = Object(assets[a], entryPlace);
-    const std::string& name = String(entry, "name", entryPlace);
-    if (!TqxAssetNameHelper::IsValid(name) || TqxAssetNameHelper::Normalize(name) != name) {
-      Fail(entryPlace.Member("name"), "not a valid asset name: " + Shown(entry["name"]));
-    }
-    const std::string& kind = String(entry, "kind", entryPlace);
-    if (!IsKnownKind(kind)) Fail(entryPlace.Member("kind"), "unknown kind \"" + kind + "\"");
-    const TPlace variantsPlace = entryPlace.Member("variants");
-    const TJson& variants = Array(Field(entry, "variants", entryPlace), variantsPlace);
-    if (variants.empty()) Fail(variantsPlace, "an asset needs at least one variant");
-    for (std::size_t v = 0; v < variants.size(); ++v) {
-      const TPlace variantPlace = variantsPlace.Element(v);
-      auto asset = ReadVariant(kind, name, Object(variants[v], variantPlace), variantPlace);
-      auto [it, added] = seen.try_emplace(asset->GetId(), a, v);
-      if (!added) {
-        Fail(variantPlace, Format("duplicate of assets[%d].variants[%d] (%s, %s, %s)",
-                                  {it->second.first, it->second.second, name,
-                                   TqxAssetTargets::PlatformKey(asset->Platform()),
-                                   TqxAssetTargets::DeviceClassKey(asset->DeviceClass())}));
-      }
-      result.push_back(std::move(asset));
-    }
+void TReader::ReadEntry(const TJson& element, std::size_t index) {
+  const TPlace entryPlace = TPlace{}.Member("assets").Element(index);
+  const TJson& entry = Object(element, entryPlace);
+  const std::string& name = String(entry, "name", entryPlace);
+  if (!TqxAssetNameHelper::IsValid(name) || TqxAssetNameHelper::Normalize(name) != name) {
+    Fail(entryPlace.Member("name"), "not a valid asset name: " + Shown(entry["name"]));
   }
-  return result;
+  const std::string& kind = String(entry, "kind", entryPlace);
+  if (!IsKnownKind(kind)) Fail(entryPlace.Member("kind"), "unknown kind \"" + kind + "\"");
+  const TPlace variantsPlace = entryPlace.Member("variants");
+  const TJson& variants = Array(Field(entry, "variants", entryPlace), variantsPlace);
+  if (variants.empty()) Fail(variantsPlace, "an asset needs at least one variant");
+  for (std::size_t v = 0; v < variants.size(); ++v) {
+    const TPlace variantPlace = variantsPlace.Element(v);
+    auto asset = ReadVariant(kind, name, Object(variants[v], variantPlace), variantPlace);
+    // Name, platform and device class: what makes the manager's id.
+    std::string key = name;
+    key += '\n';
+    key += static_cast<char>('0' + asset->Platform());
+    key += static_cast<char>('0' + asset->DeviceClass());
+    auto [it, added] = FSeen.try_emplace(std::move(key), index, v);
+    if (!added) {
+      Fail(variantPlace, Format("duplicate of assets[%d].variants[%d] (%s, %s, %s)",
+                                {it->second.first, it->second.second, name,
+                                 TqxAssetTargets::PlatformKey(asset->Platform()),
+                                 TqxAssetTargets::DeviceClassKey(asset->DeviceClass())}));
+    }
+    FAssets.push_back(std::move(asset));
+  }
 }
 
 std::unique_ptr<TqxAsset> TReader::ReadVariant(const std::string& kind, const TqxAssetName& name,
@@ -308,10 +318,9 @@ void TReader::ReadBitmaps(TqxAssetBitmapSet& set, const TJson& variant, const TP
 }
 
 // The message of a syntax error without nlohmann's own prefix and position.
-std::string SyntaxErrorText(const nlohmann::json::parse_error& e) {
-  std::string text = e.what();
-  const std::size_t position = text.find(": ", text.find("parse error"));
-  return position == std::string::npos ? text : text.substr(position + 2);
+std::string SyntaxErrorText(const std::string& what) {
+  const std::size_t position = what.find(": ", what.find("parse error"));
+  return position == std::string::npos ? what : what.substr(position + 2);
 }
 
 }  // namespace
@@ -322,21 +331,35 @@ std::string TqxAssetsConfigReader::MessagePrefix(const std::string& fileName) {
 
 std::vector<std::unique_ptr<TqxAsset>> TqxAssetsConfigReader::Read(std::string_view text,
                                                                    const std::string& fileName) {
-  TJson root;
-  try {
-    root = TJson::parse(text.begin(), text.end());
-  } catch (const nlohmann::json::parse_error& e) {
+  // A variant takes some 150 bytes of text or more.
+  TReader reader(fileName, text.size() / 150);
+  // The entries are read as the parser meets them, once the header has been
+  // checked; a file whose header comes later is read whole first.
+  auto onStart = [&](const TJson& head) {
+    if (!head.contains("format") || !head.contains("version")) return false;
+    reader.CheckHeader(head);
+    return true;
+  };
+  auto onEntry = [&](const TJson& entry, std::size_t index) { reader.ReadEntry(entry, index); };
+  TqxJsonStream::TResult parsed = TqxJsonStream::Parse(text, "assets", onStart, onEntry);
+  if (!parsed.Ok) {
     // nlohmann stops at the first bad byte too, but calls it a syntax error.
     const std::size_t bad = FirstInvalidUtf8(text);
     if (bad != std::string_view::npos) {
       auto [line, column] = LineAndColumn(text, bad);
       throw Exception(MessagePrefix(fileName) + Format("not valid UTF-8 at line %d, column %d", {line, column}));
     }
-    // e.byte counts the bytes read, the offending one included.
-    auto [line, column] = LineAndColumn(text, e.byte == 0 ? 0 : e.byte - 1);
-    throw Exception(MessagePrefix(fileName) + Format("line %d, column %d: %s", {line, column, SyntaxErrorText(e)}));
+    auto [line, column] = LineAndColumn(text, parsed.ErrorOffset);
+    throw Exception(MessagePrefix(fileName) +
+                    Format("line %d, column %d: %s", {line, column, SyntaxErrorText(parsed.ErrorText)}));
   }
-  return TReader(fileName).ReadDocument(root);
+  reader.CheckHeader(parsed.Document);
+  if (!parsed.Streamed) {
+    reader.ReadEntries(parsed.Document);
+  } else if (parsed.Document.contains("assets")) {
+    throw Exception(MessagePrefix(fileName) + "assets: the field appears twice");
+  }
+  return reader.TakeAssets();
 }
 
 }  // namespace qx

@@ -1,7 +1,5 @@
 #include "platform/core/assets/assets_config_writer.h"
 
-#include <nlohmann/json.hpp>
-
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
@@ -17,12 +15,10 @@
 #include "platform/core/assets/asset_theme_container.h"
 #include "platform/core/assets/assets_manager.h"
 #include "platform/core/assets/config_uris.h"
-#include "platform/core/base/text.h"
+#include "platform/core/base/json_writer.h"
 
 namespace qx {
 namespace {
-
-using TJson = nlohmann::ordered_json;
 
 // The shortest decimal that reads back to the same single, as a double, so
 // that 1.1f is written "1.1" rather than "1.100000023841858".
@@ -36,21 +32,23 @@ double ShortestOfSingle(float value) {
 class TWriter {
 public:
   TWriter(const TqxAssetsManager& manager, const std::string& fileName, const TqxPlatforms* platforms,
-          const TqxWritingOptions& options)
-      : FManager(manager), FUris(fileName), FPlatforms(platforms), FOptions(options) {}
+          const TqxWritingOptions& options, std::string& out)
+      : FManager(manager), FUris(fileName), FPlatforms(platforms), FOptions(options), FJson(out, options.Pretty) {}
 
-  TJson Document() const;
+  void Document();
 
 private:
   bool Keeps(const TqxAsset& asset) const;
   bool Shadowed(const TqxAsset& asset) const;
-  TJson Variant(const TqxAsset& asset) const;
-  TJson Bitmaps(const TqxAssetBitmapSet& set) const;
+  void Variant(const TqxAsset& asset);
+  void Bitmaps(const TqxAssetBitmapSet& set);
+  void Uri(const char* key, const std::string& uri) { FJson.Member(key, FUris.ToStored(uri)); }
 
   const TqxAssetsManager& FManager;
   TqxConfigUris FUris;
   const TqxPlatforms* FPlatforms;
   TqxWritingOptions FOptions;
+  TqxJsonWriter FJson;
 };
 
 bool TWriter::Keeps(const TqxAsset& asset) const {
@@ -71,98 +69,118 @@ bool TWriter::Shadowed(const TqxAsset& asset) const {
   return false;
 }
 
-TJson TWriter::Document() const {
-  TJson root = TJson::object();
-  root["format"] = TqxAssetsFactory::kFormatName;
-  root["version"] = TqxAssetsFactory::kFormatVersion;
-  TJson platforms = TJson::array();
+void TWriter::Document() {
+  FJson.BeginObject();
+  FJson.Member("format", TqxAssetsFactory::kFormatName);
+  FJson.Member("version", TqxAssetsFactory::kFormatVersion);
+  FJson.Key("platforms");
+  FJson.BeginArray();
   for (TqxPlatform platform = 0; platform < kPlatformCount; ++platform) {
-    if (!FPlatforms || FPlatforms->count(platform)) platforms.push_back(TqxAssetTargets::PlatformKey(platform));
+    if (!FPlatforms || FPlatforms->count(platform)) FJson.String(TqxAssetTargets::PlatformKey(platform));
   }
-  root["platforms"] = std::move(platforms);
+  FJson.EndArray();
   if (FOptions.ResolveVariants && FOptions.Platform != kPlatformAny) {
-    root["resolvedFor"] = TqxAssetTargets::PlatformKey(FOptions.Platform);
+    FJson.Member("resolvedFor", TqxAssetTargets::PlatformKey(FOptions.Platform));
   }
 
   // The manager lists variants by name, then platform and device class: one
   // entry for each run of the same name and kind.
-  TJson assets = TJson::array();
-  TJson* entry = nullptr;
+  FJson.Key("assets");
+  FJson.BeginArray();
   const TqxAsset* previous = nullptr;
   for (const TqxAsset* asset : FManager.GetAllAssets()) {
     if (!Keeps(*asset)) continue;
     if (!previous || previous->Name() != asset->Name() || previous->GetType() != asset->GetType()) {
-      TJson fresh = TJson::object();
-      fresh["name"] = asset->Name();
-      fresh["kind"] = asset->GetType();
-      fresh["variants"] = TJson::array();
-      assets.push_back(std::move(fresh));
-      entry = &assets.back();
+      if (previous) {
+        FJson.EndArray();
+        FJson.EndObject();
+      }
+      FJson.BeginObject();
+      FJson.Member("name", asset->Name());
+      FJson.Member("kind", asset->GetType());
+      FJson.Key("variants");
+      FJson.BeginArray();
     }
-    (*entry)["variants"].push_back(Variant(*asset));
+    Variant(*asset);
     previous = asset;
   }
-  root["assets"] = std::move(assets);
-  return root;
+  if (previous) {
+    FJson.EndArray();
+    FJson.EndObject();
+  }
+  FJson.EndArray();
+  FJson.EndObject();
 }
 
-TJson TWriter::Variant(const TqxAsset& asset) const {
-  TJson variant = TJson::object();
-  variant["platform"] = TqxAssetTargets::PlatformKey(asset.Platform());
-  variant["deviceClass"] = TqxAssetTargets::DeviceClassKey(asset.DeviceClass());
+void TWriter::Variant(const TqxAsset& asset) {
+  FJson.BeginObject();
+  FJson.Member("platform", TqxAssetTargets::PlatformKey(asset.Platform()));
+  FJson.Member("deviceClass", TqxAssetTargets::DeviceClassKey(asset.DeviceClass()));
   const TqxAssetType type = asset.GetType();
   if (type == TqxAssetColor::kType) {
-    variant["color"] = TqxAssetsConfigWriter::ColorText(static_cast<const TqxAssetColor&>(asset).Color());
+    FJson.Member("color", TqxAssetsConfigWriter::ColorText(static_cast<const TqxAssetColor&>(asset).Color()));
   } else if (type == TqxAssetBitmapSet::kType) {
-    variant["bitmaps"] = Bitmaps(static_cast<const TqxAssetBitmapSet&>(asset));
+    Bitmaps(static_cast<const TqxAssetBitmapSet&>(asset));
   } else if (type == TqxAssetFile::kType) {
     const auto& file = static_cast<const TqxAssetFile&>(asset);
-    variant["uri"] = FUris.ToStored(file.Uri());
-    variant["location"] = TqxAssetFile::FileLocationToString(file.FileLocation());
-    variant["extraction"] = TqxAssetFile::ExtractionRuleToString(file.ExtractionRule());
+    Uri("uri", file.Uri());
+    FJson.Member("location", TqxAssetFile::FileLocationToString(file.FileLocation()));
+    FJson.Member("extraction", TqxAssetFile::ExtractionRuleToString(file.ExtractionRule()));
   } else if (type == TqxAssetStyle::kType) {
     const auto& style = static_cast<const TqxAssetStyle&>(asset);
-    variant["uri"] = FUris.ToStored(style.Uri());
-    variant["targetClass"] = style.TargetClassName();
+    Uri("uri", style.Uri());
+    FJson.Member("targetClass", style.TargetClassName());
   } else if (type == TqxAssetFont::kType || type == TqxAssetLottieAnimation::kType) {
-    variant["uri"] = FUris.ToStored(static_cast<const TqxAssetWithFile&>(asset).Uri());
+    Uri("uri", static_cast<const TqxAssetWithFile&>(asset).Uri());
   } else if (type == TqxAssetSVG::kType) {
     const auto& svg = static_cast<const TqxAssetSVG&>(asset);
-    variant["svgUri"] = FUris.ToStored(svg.SVGUri());
-    variant["vectorUri"] = FUris.ToStored(svg.VectorUri());
-    variant["size"] = TJson{{"width", svg.Size().Width}, {"height", svg.Size().Height}};
+    Uri("svgUri", svg.SVGUri());
+    Uri("vectorUri", svg.VectorUri());
+    FJson.Key("size");
+    FJson.BeginObject();
+    FJson.Member("width", svg.Size().Width);
+    FJson.Member("height", svg.Size().Height);
+    FJson.EndObject();
   }
   // A theme container has nothing but its target.
-  return variant;
+  FJson.EndObject();
 }
 
-TJson TWriter::Bitmaps(const TqxAssetBitmapSet& set) const {
-  TJson bitmaps = TJson::array();
+void TWriter::Bitmaps(const TqxAssetBitmapSet& set) {
+  FJson.Key("bitmaps");
+  FJson.BeginArray();
   for (const TqxBitmapInfo* info : set.GetBitmapInfos()) {
-    TJson item = TJson::object();
-    item["scale"] = ShortestOfSingle(info->Scale());
+    FJson.BeginObject();
+    FJson.Member("scale", ShortestOfSingle(info->Scale()));
     if (info->Source() == TqxBitmapInfo::TqxSource::Memory) {
       // Not on disk yet: the name its set's save gives it.
-      item["uri"] = info->HasBitmap() ? TqxAssetsConfigWriter::InMemoryBitmapUri(set, info->Scale()) : "";
+      FJson.Member("uri", info->HasBitmap() ? TqxAssetsConfigWriter::InMemoryBitmapUri(set, info->Scale()) : "");
     } else {
-      item["uri"] = FUris.ToStored(info->Uri());
+      Uri("uri", info->Uri());
     }
     const TRect& insets = info->CapInsets();
     if (insets != TRect{}) {
-      item["capInsets"] = TJson{{"left", insets.Left}, {"top", insets.Top}, {"right", insets.Right},
-                                {"bottom", insets.Bottom}};
+      FJson.Key("capInsets");
+      FJson.BeginObject();
+      FJson.Member("left", insets.Left);
+      FJson.Member("top", insets.Top);
+      FJson.Member("right", insets.Right);
+      FJson.Member("bottom", insets.Bottom);
+      FJson.EndObject();
     }
-    if (info->HasTintColor()) item["tint"] = TqxAssetsConfigWriter::ColorText(info->TintColor());
-    bitmaps.push_back(std::move(item));
+    if (info->HasTintColor()) FJson.Member("tint", TqxAssetsConfigWriter::ColorText(info->TintColor()));
+    FJson.EndObject();
   }
-  return bitmaps;
+  FJson.EndArray();
 }
 
 }  // namespace
 
 std::string TqxAssetsConfigWriter::Write(const TqxAssetsManager& manager, const std::string& fileName,
                                          const TqxPlatforms* platforms, const TqxWritingOptions& options) {
-  std::string text = TWriter(manager, fileName, platforms, options).Document().dump(options.Pretty ? 2 : -1);
+  std::string text;
+  text.reserve(manager.Count() * (options.Pretty ? 200 : 120));
+  TWriter(manager, fileName, platforms, options, text).Document();
   text += '\n';
   return text;
 }

@@ -1,7 +1,5 @@
 #include "platform/core/assets/assets_factory.h"
 
-#include <nlohmann/json.hpp>
-
 #include "platform/core/assets/assets_config_reader.h"
 #include "platform/core/assets/assets_config_writer.h"
 #include "platform/core/assets/assets_manager.h"
@@ -30,9 +28,9 @@ void Save(const TqxAssetsManager& manager, const std::string& fileName, const Tq
   std::string text;
   try {
     text = TqxAssetsConfigWriter::Write(manager, fileName, platforms, options);
-  } catch (const nlohmann::json::exception& e) {
+  } catch (const Exception& e) {
     // Names and URIs that aren't UTF-8 can't be written as JSON.
-    throw Exception("Cannot write the assets config \"" + fileName + "\": " + e.what());
+    throw Exception("Cannot write the assets config \"" + fileName + "\": " + e.Message());
   }
   TqxFileIO::WriteAtomically(fileName, text);
 }

@@ -233,6 +233,10 @@ TEST_F(AssetsFactoryTest, MalformedConfigsNameFileAndPlaceAndLeaveTheManagerAlon
       {"version as text", Config(kColor, R"("format": "quorvex-assets-config", "version": "1")"),
        "version: expected an integer, found \"1\""},
       {"no assets", R"({"format": "quorvex-assets-config", "version": 1})", "assets: missing field"},
+      {"assets twice", Config(kColor + "], \"assets\": [" + kColor), "assets: the field appears twice"},
+      {"header after bad assets", "{\"assets\": [1], \"format\": \"other\", \"version\": 1}", "not an assets config"},
+      {"assets not an array", R"({"format": "quorvex-assets-config", "version": 1, "assets": {}})", "assets: expected an array"},
+      {"entry not an object", Config("7"), "assets[0]: expected an object, found 7"},
       {"wrong colour type", Config(kColor + ",\n" + R"({"name": "B", "kind": "color", "variants": [{"platform": "any", "deviceClass": "any", "color": 12}]})"),
        "assets[1].variants[0].color: expected a colour \"#AARRGGBB\", found 12"},
       {"bad colour text", Config(R"({"name": "B", "kind": "color", "variants": [{"platform": "any", "deviceClass": "any", "color": "#FF00GG00"}]})"),
@@ -288,7 +292,13 @@ TEST_F(AssetsFactoryTest, MissingFilesFailWithTheirNames) {
   EXPECT_THROW(TqxAssetsFactory::SaveConfigToFile(manager, noFolder, TqxWritingOptions::Default()), Exception);
 }
 
-TEST_F(AssetsFactoryTest, ReadsTheByteOrderMarkAndIgnoresUnknownFields) {
+TEST_F(AssetsFactoryTest, ReadsFieldsInAnyOrderWithAByteOrderMarkAndUnknownFields) {
+  // The header after the assets.
+  TqxFileIO::WriteAtomically(FConfig, "{\"assets\": [" + kColor + "], \"version\": 1, \"format\": \"quorvex-assets-config\"}");
+  TqxAssetsManager first;
+  TqxAssetsFactory::LoadFromFile(first, FConfig);
+  EXPECT_TRUE(first.Contains("A"));
+
   TqxFileIO::WriteAtomically(FConfig, "\xEF\xBB\xBF" + Config(R"({"name": "A", "kind": "color", "note": "x", "variants": [{"platform": "ANDROID", "deviceClass": "tablet", "color": "#ff0000ff", "extra": [1]}]})",
                                                        R"("format": "quorvex-assets-config", "version": 1, "generator": "hand")"));
   TqxAssetsManager manager;
