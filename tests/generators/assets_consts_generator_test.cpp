@@ -153,20 +153,6 @@ TEST(AssetsConstsNamesTest, ThemeIdentifiersTellApartThemesOfOneName) {
   EXPECT_EQ(names.GenerateThemeName("Ocean-2"), "Ocean2");
 }
 
-TEST(AssetsConstsNamesTest, ThemeMembershipIsByWholeFolderAndCase) {
-  const TqxAssetsConstsNames names({"Light", "Themes\\Blue"});
-  EXPECT_TRUE(names.IsThemePath("Light"));
-  EXPECT_TRUE(names.IsThemePath("Light\\Icons\\"));
-  EXPECT_FALSE(names.IsThemePath("Lightness\\"));
-  EXPECT_FALSE(names.IsThemePath("light\\"));
-  EXPECT_FALSE(names.IsThemePath("Themes\\"));
-  EXPECT_TRUE(names.IsThemeAsset(TqxAssetColor("Themes\\Blue\\Primary", kPlatformAny, kDeviceClassAny)));
-  // The theme container itself lies at the top, outside any theme.
-  EXPECT_FALSE(names.IsThemeAsset(TqxAssetThemeContainer("Light")));
-  EXPECT_EQ(names.RemoveThemePrefix("Themes\\Blue\\Icons\\back"), "Icons\\back");
-  EXPECT_EQ(names.RemoveThemePrefix("Lightness\\x"), "Lightness\\x");
-}
-
 TEST_F(AssetsConstsGeneratorTest, ThemesSortByCodeUnitAndFolderLookalikesStayPlain) {
   TqxAssetsManager manager;
   AddTheme(manager, "alpha");
