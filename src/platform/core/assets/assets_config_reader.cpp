@@ -345,7 +345,7 @@ std::vector<std::unique_ptr<TqxAsset>> TqxAssetsConfigReader::Read(std::string_v
   if (!parsed.Ok) {
     // nlohmann stops at the first bad byte too, but calls it a syntax error.
     const std::size_t bad = FirstInvalidUtf8(text);
-    if (bad != std::string_view::npos) {
+    if (bad != std::string_view::npos && bad <= parsed.ErrorOffset) {
       auto [line, column] = LineAndColumn(text, bad);
       throw Exception(MessagePrefix(fileName) + Format("not valid UTF-8 at line %d, column %d", {line, column}));
     }
