@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
   build-essential cmake ninja-build pkg-config git
   googletest libgtest-dev libgmock-dev libbenchmark-dev
-  nlohmann-json3-dev libpugixml-dev libstb-dev zlib1g-dev
+  nlohmann-json3-dev libpugixml-dev libstb-dev zlib1g-dev libpng-dev
   libcairo2-dev librsvg2-dev librlottie-dev
   qt6-base-dev
 )

@@ -8,12 +8,13 @@
 
 #include "command.h"
 #include "list_command.h"
+#include "svg_command.h"
 
 namespace qx::cli {
 namespace {
 
 std::vector<TqxCommand> MakeCommands() {
-  return {ListCommand()};
+  return {ListCommand(), SvgCommand()};
 }
 
 void PrintUsage(const std::vector<TqxCommand>& commands, std::ostream& out) {

@@ -1,0 +1,192 @@
+#include "svg_command.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <nlohmann/json.hpp>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "platform/core/graphics/bitmap.h"
+#include "platform/core/vector/vector_document.h"
+#include "vector/vector_reader_svg.h"
+
+namespace qx::cli {
+namespace {
+
+using nlohmann::json;
+
+struct TRunResult {
+  int ExitCode = -1;
+  std::string Out;
+  std::string Err;
+};
+
+// `qxassets svg ARGS...`, in this process.
+TRunResult RunSvg(const std::vector<std::string>& args) {
+  std::ostringstream out, err;
+  TRunResult result;
+  result.ExitCode = RunSvgCommand(args, out, err);
+  result.Out = out.str();
+  result.Err = err.str();
+  return result;
+}
+
+std::string ReadText(const std::string& fileName) {
+  std::ifstream in(fileName, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+std::string CliData(const std::string& name) { return std::string(QX_TEST_DATA_DIR) + "/svg/cli/" + name; }
+
+// A temporary folder, removed with the object.
+class TTempDir {
+public:
+  TTempDir() : FPath(std::filesystem::temp_directory_path() / ("qx_svg_cli_" + std::to_string(std::random_device{}()))) {
+    std::filesystem::create_directories(FPath);
+  }
+  ~TTempDir() { std::filesystem::remove_all(FPath); }
+  std::string operator/(const std::string& name) const { return (FPath / name).string(); }
+
+private:
+  std::filesystem::path FPath;
+};
+
+TEST(QxAssetsSvgTest, CheckExitsWithTheWorstVerdict) {
+  EXPECT_EQ(RunSvg({"check", CliData("badge.svg"), CliData("red_square.svg")}).ExitCode, 0);
+  EXPECT_EQ(RunSvg({"check", CliData("badge.svg"), CliData("warnings.svg")}).ExitCode, 1);
+  // Failed wins over warnings whatever the order, and a missing file fails.
+  EXPECT_EQ(RunSvg({"check", CliData("no_size.svg"), CliData("warnings.svg")}).ExitCode, 2);
+  EXPECT_EQ(RunSvg({"check", CliData("badge.svg"), CliData("missing.svg")}).ExitCode, 2);
+
+  const TRunResult text = RunSvg({"check", CliData("warnings.svg")});
+  EXPECT_NE(text.Out.find("warnings.svg: SuccessWithWarnings\n  - Unknown node name: node=\"clipPath\"\n"),
+            std::string::npos)
+      << text.Out;
+}
+
+TEST(QxAssetsSvgTest, CheckJsonGivesEachFileInOrder) {
+  const TRunResult run = RunSvg(
+      {"check", "--json", CliData("warnings.svg"), CliData("bad_transform.svg"), CliData("red_square.svg")});
+  EXPECT_EQ(run.ExitCode, 2);
+  const json results = json::parse(run.Out);
+  ASSERT_EQ(results.size(), 3u);
+
+  EXPECT_EQ(results[0]["file"], CliData("warnings.svg"));
+  EXPECT_EQ(results[0]["verdict"], "SuccessWithWarnings");
+  EXPECT_EQ(results[0]["log"].size(), 2u);
+  EXPECT_TRUE(results[0]["error"].is_null());
+
+  // A read ended by an exception is Failed with the exception's message and
+  // no log line of its own.
+  EXPECT_EQ(results[1]["verdict"], "Failed");
+  EXPECT_TRUE(results[1]["log"].empty());
+  EXPECT_NE(results[1]["error"].get<std::string>().find("10px"), std::string::npos);
+
+  EXPECT_EQ(results[2]["verdict"], "Success");
+}
+
+TEST(QxAssetsSvgTest, BadUsageExitsWithTwoAndSaysWhy) {
+  const std::vector<std::vector<std::string>> cases = {
+      {},
+      {"frobnicate"},
+      {"check"},
+      {"check", "--quiet", CliData("badge.svg")},
+      {"compile", CliData("badge.svg")},
+      {"dump"},
+      {"render", CliData("badge.svg")},
+      {"render", CliData("badge.svg"), "-o"},
+      {"render", CliData("badge.svg"), "-o", "x.png", "--size", "48"},
+      {"render", CliData("badge.svg"), "-o", "x.png", "--size", "0x48"},
+      {"render", CliData("badge.svg"), "-o", "x.png", "--size", "-4x4"},
+  };
+  for (const auto& args : cases) {
+    const TRunResult run = RunSvg(args);
+    std::string line;
+    for (const std::string& arg : args) line += arg + " ";
+    EXPECT_EQ(run.ExitCode, 2) << line;
+    EXPECT_NE(run.Err.find("usage: qxassets svg"), std::string::npos) << line << "\n" << run.Err;
+    EXPECT_TRUE(run.Out.empty()) << line;
+  }
+}
+
+TEST(QxAssetsSvgTest, DumpMatchesTheGoldenFile) {
+  const TRunResult run = RunSvg({"dump", CliData("badge.svg"), "--json"});
+  EXPECT_EQ(run.ExitCode, 0) << run.Err;
+  EXPECT_EQ(run.Out, ReadText(CliData("badge.dump.json")));
+}
+
+TEST(QxAssetsSvgTest, DumpOfAFailedReadKeepsWhatWasDrawn) {
+  const TRunResult run = RunSvg({"dump", CliData("bad_transform.svg")});
+  EXPECT_EQ(run.ExitCode, 2);
+  const json dump = json::parse(run.Out);
+  EXPECT_EQ(dump["verdict"], "Failed");
+  EXPECT_TRUE(dump["error"].is_string());
+  EXPECT_EQ(dump["size"], json::array({24, 24}));
+  std::vector<std::string> kinds;
+  for (const json& command : dump["commands"]) kinds.push_back(command["kind"]);
+  EXPECT_EQ(kinds, (std::vector<std::string>{"begin", "brush", "path", "end", "begin"}));
+
+  const json noSize = json::parse(RunSvg({"dump", CliData("no_size.svg")}).Out);
+  EXPECT_EQ(noSize["verdict"], "Failed");
+  EXPECT_TRUE(noSize["error"].is_null());
+  EXPECT_EQ(noSize["log"].size(), 2u);
+  EXPECT_TRUE(noSize["commands"].empty());
+}
+
+TEST(QxAssetsSvgTest, CompileWritesAVectorFileOfTheSameDocument) {
+  TTempDir dir;
+  EXPECT_EQ(RunSvg({"compile", CliData("badge.svg"), dir / "badge.vector"}).ExitCode, 0);
+  TqxVectorDocument compiled;
+  compiled.LoadFromFile(dir / "badge.vector");
+  TqxVectorDocument read;
+  ASSERT_EQ(TqxVectorReaderSVG::LoadFromFile(read, CliData("badge.svg")), TqxResultParsing::Success);
+  EXPECT_EQ(compiled.Size, read.Size);
+  ASSERT_EQ(compiled.Commands.size(), read.Commands.size());
+  for (std::size_t i = 0; i < read.Commands.size(); ++i) EXPECT_EQ(*compiled.Commands[i], *read.Commands[i]) << i;
+
+  // A read that raised writes nothing.
+  EXPECT_EQ(RunSvg({"compile", CliData("bad_transform.svg"), dir / "bad.vector"}).ExitCode, 2);
+  EXPECT_FALSE(std::filesystem::exists(dir / "bad.vector"));
+}
+
+TEST(QxAssetsSvgTest, RendersManyInputsIntoAFolder) {
+  TTempDir dir;
+  ASSERT_EQ(RunSvg({"compile", CliData("red_square.svg"), dir / "compiled.vector"}).ExitCode, 0);
+  const std::string out = dir / "thumbs";
+  const TRunResult run = RunSvg({"render", CliData("red_square.svg"), CliData("badge.svg"),
+                                      dir / "compiled.vector", CliData("no_size.svg"), "-o", out, "--size", "48x32"});
+  // The one input that can't be drawn is named and does not stop the others.
+  EXPECT_EQ(run.ExitCode, 1);
+  EXPECT_NE(run.Err.find("no_size.svg"), std::string::npos) << run.Err;
+  EXPECT_FALSE(std::filesystem::exists(out + "/no_size.png"));
+
+  for (const char* name : {"red_square.png", "badge.png", "compiled.png"}) {
+    const auto bitmap = TqxBitmap::LoadFromFile(out + "/" + name);
+    EXPECT_EQ(bitmap->Width(), 48) << name;
+    EXPECT_EQ(bitmap->Height(), 32) << name;
+  }
+  for (const char* name : {"red_square.png", "compiled.png"}) {
+    const auto bitmap = TqxBitmap::LoadFromFile(out + "/" + name);
+    EXPECT_EQ(bitmap->GetPixel(24, 16), 0xFFFF0000u) << name;
+    EXPECT_EQ(bitmap->GetPixel(2, 2), 0u) << name;
+  }
+}
+
+TEST(QxAssetsSvgTest, RendersOneInputAtItsOwnSize) {
+  TTempDir dir;
+  const TRunResult run = RunSvg({"render", CliData("badge.svg"), "-o", dir / "badge.png"});
+  EXPECT_EQ(run.ExitCode, 0) << run.Err;
+  const auto bitmap = TqxBitmap::LoadFromFile(dir / "badge.png");
+  EXPECT_EQ(bitmap->Width(), 48);
+  EXPECT_EQ(bitmap->Height(), 48);
+  // The group's green square, moved by its transform and scaled from 24 to 48.
+  EXPECT_EQ(bitmap->GetPixel(20, 20), 0xFF00FF00u);
+}
+
+}  // namespace
+}  // namespace qx::cli
