@@ -279,6 +279,42 @@ TEST_F(AssetsFactoryTest, MalformedConfigsNameFileAndPlaceAndLeaveTheManagerAlon
   EXPECT_TRUE(manager.Contains("A"));
 }
 
+// Cut and damaged copies of a real config either load or raise Exception:
+// nothing else escapes, nothing crashes, and a failure leaves the manager whole.
+TEST_F(AssetsFactoryTest, DamagedConfigsNeverEscapeAsAnythingButException) {
+  TqxAssetsManager full;
+  Fill(full);
+  TqxAssetsFactory::SaveConfigToFile(full, FConfig, TqxWritingOptions::Default());
+  const std::string text = TqxFileIO::ReadAll(FConfig);
+  std::vector<std::string> damaged;
+  for (std::size_t length = 0; length < text.size(); length += 5) damaged.push_back(text.substr(0, length));
+  std::uint32_t seed = 12345;
+  auto next = [&] { return seed = seed * 1103515245u + 12345u; };
+  const char replacements[] = {'"', '{', '}', '[', ']', ',', ':', '0', '\\', '\xFF', 'x', ' '};
+  for (int i = 0; i < 600; ++i) {
+    std::string copy = text;
+    copy[next() % copy.size()] = replacements[next() % sizeof replacements];
+    damaged.push_back(std::move(copy));
+  }
+
+  TqxAssetsManager manager;
+  manager.Add(std::make_unique<TqxAssetColor>("Kept", kPlatformAny, kDeviceClassAny, 1));
+  int loaded = 0;
+  for (const std::string& copy : damaged) {
+    TqxFileIO::WriteAtomically(FConfig, copy);
+    TqxAssetsManager target;
+    target.Add(std::make_unique<TqxAssetColor>("Kept", kPlatformAny, kDeviceClassAny, 1));
+    try {
+      TqxAssetsFactory::LoadFromFile(target, FConfig);
+      ++loaded;
+    } catch (const Exception& e) {
+      EXPECT_NE(e.Message().find(FConfig), std::string::npos);
+      EXPECT_EQ(Describe(target), Describe(manager));
+    }
+  }
+  EXPECT_LT(loaded, static_cast<int>(damaged.size()) / 2) << "most damage is caught";
+}
+
 TEST_F(AssetsFactoryTest, MissingFilesFailWithTheirNames) {
   TqxAssetsManager manager;
   const std::string missing = Assets() + "/none.json";
