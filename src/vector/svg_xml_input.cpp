@@ -109,7 +109,7 @@ std::string DeclaredXmlEncoding(const std::string& ABytes) {
   return decl.substr(pos + 1, close - pos - 1);
 }
 
-std::unique_ptr<pugi::xml_document> LoadXmlDocument(const std::string& ABytes) {
+std::unique_ptr<pugi::xml_document> LoadXmlDocument(const std::string& ABytes, bool AIsText) {
   auto doc = std::make_unique<pugi::xml_document>();
   const unsigned options = pugi::parse_default | pugi::parse_fragment;
   pugi::xml_parse_result result;
@@ -117,7 +117,7 @@ std::unique_ptr<pugi::xml_document> LoadXmlDocument(const std::string& ABytes) {
     result = doc->load_buffer(ABytes.data(), ABytes.size(), options, pugi::encoding_auto);
   } else {
     const std::string encoding = DeclaredXmlEncoding(ABytes);
-    const bool utf8 = IsUtf8Name(encoding);
+    const bool utf8 = IsUtf8Name(encoding) || (AIsText && IsValidUtf8(ABytes));
     const std::string text = utf8 ? ABytes : ConvertToUtf8(ABytes, encoding);
     if (!IsValidUtf8(text)) throw Exception("XML is not well-formed: the text is not valid UTF-8");
     result = doc->load_buffer(text.data(), text.size(), options, pugi::encoding_utf8);

@@ -13,7 +13,12 @@ namespace qx {
 // Raises Exception when the text is not well-formed, which includes a document
 // with no root element or more than one, text beside the root, invalid UTF-8
 // and an encoding that cannot be converted.
-std::unique_ptr<pugi::xml_document> LoadXmlDocument(const std::string& ABytes);
+//
+// AIsText says that ABytes is text the program already holds as UTF-8 rather
+// than the bytes of a file: valid UTF-8 is then read as such, whatever
+// encoding its declaration names, and only bytes that are no UTF-8 follow the
+// declaration.
+std::unique_ptr<pugi::xml_document> LoadXmlDocument(const std::string& ABytes, bool AIsText = false);
 
 // The encoding named by the XML declaration at the start of ABytes, or the
 // empty text when there is no declaration or it names none.

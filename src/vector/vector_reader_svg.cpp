@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 
 #include "platform/core/base/log.h"
 #include "vector/svg_xml_input.h"
@@ -20,7 +19,7 @@ const char* const kUnknownNode = "Unknown node name: node=\"%s\"";
 // Zero within single precision, for the sizes of the root element.
 bool IsZero(double value) { return std::fabs(value) < 1e-4; }
 
-bool IsDrawOnly(TqxVectorReaderSVG::TqxSVGElementType type) {
+bool IsDrawnInSecondPass(TqxVectorReaderSVG::TqxSVGElementType type) {
   using T = TqxVectorReaderSVG::TqxSVGElementType;
   return type != T::RadialGradient && type != T::LinearGradient && type != T::Style && type != T::Defs;
 }
@@ -35,9 +34,12 @@ TqxVectorReaderSVG::~TqxVectorReaderSVG() = default;
 // --- Input and class functions ---
 
 void TqxVectorReaderSVG::LoadFromStream(std::istream& AStream) {
+  LoadFromBytes({std::istreambuf_iterator<char>(AStream), std::istreambuf_iterator<char>()}, false);
+}
+
+void TqxVectorReaderSVG::LoadFromBytes(const std::string& ABytes, bool AIsText) {
   Clear();
-  const std::string bytes{std::istreambuf_iterator<char>(AStream), std::istreambuf_iterator<char>()};
-  FInput = LoadXmlDocument(bytes);
+  FInput = LoadXmlDocument(ABytes, AIsText);
   Process();
 }
 
@@ -75,8 +77,9 @@ TqxResultParsing TqxVectorReaderSVG::CheckContent(const std::string& AContent, s
   try {
     TqxVectorDocument document;
     TqxVectorReaderSVG reader(document);
-    std::istringstream stream(AContent);
-    reader.LoadFromStream(stream);
+    // The content is text in hand, so a declared legacy encoding must not
+    // decode it a second time.
+    reader.LoadFromBytes(AContent, true);
     AHint = reader.LogText();
     return reader.FResult;
   } catch (const std::exception& e) {
@@ -229,7 +232,7 @@ void TqxVectorReaderSVG::ProcessElements(const pugi::xml_node& AParent) {
         Warn(kUnknownNode, {NodeName(node)});
         continue;
       }
-      if (!IsDrawOnly(type)) continue;
+      if (!IsDrawnInSecondPass(type)) continue;
       if (type != TqxSVGElementType::Group && HasAttribute(node, "transform")) {
         BeginGroup();
         ProcessTransformAttribute(node);

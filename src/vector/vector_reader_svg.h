@@ -113,6 +113,8 @@ public:
 
 protected:
   // Frame (vector_reader_svg.cpp).
+  // LoadFromStream over bytes already in memory; AIsText as LoadXmlDocument.
+  void LoadFromBytes(const std::string& ABytes, bool AIsText);
   void Clear();
   void Process();
   bool ParseSVGNodeAttributes(const pugi::xml_node& ANode);

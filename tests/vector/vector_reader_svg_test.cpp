@@ -188,6 +188,10 @@ TEST(VectorReaderSvgTest, CheckContentGivesTheLogAsHint) {
   const std::string cp1251 = "<?xml version=\"1.0\" encoding=\"windows-1251\"?><svg width=\"1\" height=\"1\"><\xF0/></svg>";
   EXPECT_EQ(TqxVectorReaderSVG::CheckContent(cp1251, hint), TqxResultParsing::SuccessWithWarnings);
   EXPECT_EQ(hint, "- Unknown node name: node=\"р\"\r\n- Unknown node name: node=\"р\"");
+  // Text already decoded keeps its characters whatever its declaration says.
+  const std::string utf8 = "<?xml version=\"1.0\" encoding=\"windows-1251\"?><svg width=\"1\" height=\"1\"><р/></svg>";
+  EXPECT_EQ(TqxVectorReaderSVG::CheckContent(utf8, hint), TqxResultParsing::SuccessWithWarnings);
+  EXPECT_EQ(hint, "- Unknown node name: node=\"р\"\r\n- Unknown node name: node=\"р\"");
 }
 
 // Faults that end a read raise from an instance; the class functions log the
