@@ -31,8 +31,12 @@ bool IsWideEncoding(const std::string& s) {
          StartsWithBytes(s, {'<', 0x00}) || StartsWithBytes(s, {0x00, 0x00, 0x00, '<'});
 }
 
+// A declaration read from 8-bit bytes that names a wide encoding is wrong about
+// itself (a wide file would have shown it in its first bytes), so it is read as
+// UTF-8 like one with no declaration.
 bool IsUtf8Name(const std::string& name) {
-  return name.empty() || SameText(name, "utf-8") || SameText(name, "utf8");
+  return name.empty() || SameText(name, "utf-8") || SameText(name, "utf8") || StartsText("utf-16", name) ||
+         StartsText("utf-32", name) || StartsText("ucs-", name);
 }
 
 std::string ConvertToUtf8(const std::string& bytes, const std::string& encoding) {

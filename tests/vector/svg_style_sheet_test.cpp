@@ -78,24 +78,5 @@ TEST(SvgStyleSheetTest, LaterRuleReplacesTheEarlierWhole) {
   EXPECT_TRUE(a.StrokeLineCap.HasValue());
 }
 
-TEST(SvgStyleSheetTest, NameValuesMatchTheTextBeforeTheFirstColon) {
-  const TsvgNameValues trimmed(" fill: red ;;fill:blue; url:a:b ;", true);
-  EXPECT_EQ(trimmed.Items(), (std::vector<std::string>{"fill: red", "fill:blue", "url:a:b"}));
-  std::string value = "untouched";
-  EXPECT_TRUE(trimmed.TryGetValue("fill", value));
-  EXPECT_EQ(value, " red");
-  EXPECT_TRUE(trimmed.TryGetValue("url", value));
-  EXPECT_EQ(value, "a:b");
-  value = "untouched";
-  EXPECT_FALSE(trimmed.TryGetValue("FILL", value));
-  EXPECT_EQ(value, "untouched");
-  EXPECT_TRUE(trimmed.TryGetValue("FILL", value, true));
-
-  const TsvgNameValues raw("offset:0.5; stop-color:red", false);
-  EXPECT_FALSE(raw.TryGetValue("stop-color", value));
-  EXPECT_TRUE(raw.TryGetValue(" stop-color", value));
-  EXPECT_EQ(value, "red");
-}
-
 }  // namespace
 }  // namespace qx

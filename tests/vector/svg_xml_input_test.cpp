@@ -45,6 +45,11 @@ TEST(SvgXmlInputTest, DeclaredAndDetectedEncodingsReadAsUtf8) {
   }
 }
 
+TEST(SvgXmlInputTest, EightBitTextDeclaringAWideEncodingReadsAsUtf8) {
+  const auto doc = LoadXmlDocument("<?xml version=\"1.0\" encoding=\"UTF-16\"?><svg fill=\"синий\"/>");
+  EXPECT_STREQ(doc->document_element().attribute("fill").value(), "синий");
+}
+
 TEST(SvgXmlInputTest, DeclaredEncodingIsFoundInTheDeclarationOnly) {
   EXPECT_EQ(DeclaredXmlEncoding("<?xml version=\"1.0\" encoding='windows-1251'?><a/>"), "windows-1251");
   EXPECT_EQ(DeclaredXmlEncoding("\xEF\xBB\xBF<?xml version=\"1.0\" encoding = \"KOI8-R\" ?><a/>"), "KOI8-R");
