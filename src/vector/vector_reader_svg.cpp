@@ -235,8 +235,15 @@ void TqxVectorReaderSVG::ProcessElements(const pugi::xml_node& AParent) {
       if (!IsDrawnInSecondPass(type)) continue;
       if (type != TqxSVGElementType::Group && HasAttribute(node, "transform")) {
         BeginGroup();
-        ProcessTransformAttribute(node);
-        ProcessElement(node, type);
+        try {
+          ProcessTransformAttribute(node);
+          ProcessElement(node, type);
+        } catch (const EsvgReadAborted&) {
+          // Only a read ended by a limit closes this scope; any other
+          // exception leaves it open, as callers of the document expect.
+          EndGroup();
+          throw;
+        }
         EndGroup();
       } else {
         ProcessElement(node, type);

@@ -273,6 +273,11 @@ TEST(VectorReaderSvgTest, NestingBeyondTheLimitFailsWithBalancedGroups) {
   // The groups opened before the limit are all closed again.
   EXPECT_EQ(std::count(deep.Commands.begin(), deep.Commands.end(), "{"),
             std::count(deep.Commands.begin(), deep.Commands.end(), "}"));
+
+  // So is the scope of a transformed element that ends the read.
+  const ReadResult self = Read(Svg("<g id=\"a\"><use transform=\"scale(2)\" xlink:href=\"#a\"/></g><g/>"));
+  EXPECT_EQ(self.Result, TqxResultParsing::Failed);
+  EXPECT_EQ(self.Commands, (Lines{"{", "brush rule=nonzero", "{", "transform 2 0 0 2 0 0", "}", "}"}));
 }
 
 }  // namespace
