@@ -2,7 +2,8 @@
 # Runs `qxassets svg check --json` over every SVG file of the Material icon
 # collection (fetched once into bench/cache/ by bench/fetch-material-icons.sh),
 # with a qxassets built with AddressSanitizer and UndefinedBehaviorSanitizer,
-# and prints how many files got each verdict.
+# draws every production icon at 48x48, and prints how many files got each
+# verdict.
 #
 # Fails when qxassets crashes, exits with a code other than 0, 1 or 2, or a
 # sanitizer reports anything. Set QXASSETS to check another build of the tool.
@@ -38,6 +39,20 @@ for ((i = 0; i < ${#files[@]}; i += batch)); do
     status=1
   fi
 done
+
+# Drawing what was read must not crash either: every production icon, at the
+# thumbnail size, in batches like the check.
+mapfile -d '' production < <(find "$icons" -path '*/svg/production/*.svg' -print0 | sort -z)
+for ((i = 0; i < ${#production[@]}; i += batch)); do
+  rc=0
+  "$QXASSETS" svg render -o "$out/png/" --size 48x48 "${production[@]:i:batch}" 2>"$out/render.err" || rc=$?
+  if [ "$rc" -gt 1 ] || grep -qE 'Sanitizer|runtime error' "$out/render.err"; then
+    echo "check-material-icons: qxassets svg render failed (exit code $rc) on production files $i to $((i + batch - 1)):" >&2
+    cat "$out/render.err" >&2
+    status=1
+  fi
+done
+echo "Rendered ${#production[@]} production icons at 48x48 into $(find "$out/png" -name "*.png" | wc -l) PNG files (an icon name can recur in two categories)"
 
 echo "Verdicts:"
 jq -r '.[].verdict' "$out"/*.json | sort | uniq -c | sort -rn
