@@ -1,0 +1,27 @@
+#include "platform/ui/headless_ui.h"
+
+#include "platform/ui/ui_services.h"
+
+namespace qx {
+
+TqxHeadlessUi::TqxHeadlessUi() {
+  auto& services = TqxUiServices::Instance();
+  FOldDialogs = services.Dialogs();
+  FOldClipboard = services.Clipboard();
+  FOldQueue = &services.Queue();
+  FOldTimers = &services.Timers();
+  services.SetDialogs(&Dialogs);
+  services.SetClipboard(&Clipboard);
+  services.SetQueue(&Queue);
+  services.SetTimers(&Clock);
+}
+
+TqxHeadlessUi::~TqxHeadlessUi() {
+  auto& services = TqxUiServices::Instance();
+  services.SetDialogs(FOldDialogs);
+  services.SetClipboard(FOldClipboard);
+  services.SetQueue(FOldQueue);
+  services.SetTimers(FOldTimers);
+}
+
+}  // namespace qx
