@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 
 namespace qx {
@@ -48,6 +49,9 @@ public:
   // Subscribers hear every change of a shown property; answers an id for Unsubscribe.
   int Subscribe(std::function<void()> onChange);
   void Unsubscribe(int id);
+  // Expires when the action goes, for what outlives it (a toolkit's action
+  // bound to this one).
+  std::weak_ptr<const void> Lifetime() const { return FLifetime; }
 
 private:
   void Changed();
@@ -57,6 +61,7 @@ private:
   bool FEnabled = true, FVisible = true, FChecked = false;
   std::map<int, std::function<void()>> FSubscribers;
   int FNextSubscriber = 1;
+  std::shared_ptr<const void> FLifetime = std::make_shared<int>(0);
 };
 
 }  // namespace qx
