@@ -369,6 +369,14 @@ void TVirtualTree::FullExpand(TVirtualNode* node) {
   EndUpdate();
 }
 
+void TVirtualTree::ScrollIntoView(TVirtualNode* node) {
+  if (!node || node == FRoot.get()) return;
+  BeginUpdate();
+  for (auto* p = GetNodeParent(node); p; p = GetNodeParent(p)) SetExpanded(p, true);
+  EndUpdate();
+  if (FView) FView->TreeScrollIntoView(node);
+}
+
 // ---------------------------------------------------------------- sorting and cells
 
 int TVirtualTree::Compare(TVirtualNode* a, TVirtualNode* b, int column, TSortDirection direction) {

@@ -40,6 +40,8 @@ public:
   virtual void TreeStateChanged() = 0;
   // Opens an editor on the cell; answers false if it can't.
   virtual bool TreeBeginEdit(TVirtualNode* node, int column) = 0;
+  // Scrolls so the node's row shows.
+  virtual void TreeScrollIntoView(TVirtualNode* node) { (void)node; }
 };
 
 // A tree whose nodes carry data objects and whose cells are asked for through
@@ -58,6 +60,8 @@ public:
   bool MultiSelect = false;
   bool RightClickSelect = false;
   bool FullRowSelect = false;
+  // Callers keep the order themselves by calling Sort after each change; the
+  // flag is kept for them to read.
   bool AutoSort = false;
   bool Editable = false;
   bool DragEnabled = false;
@@ -163,6 +167,8 @@ public:
   // A node without children stays collapsed.
   void SetExpanded(TVirtualNode* node, bool value);
   void FullExpand(TVirtualNode* node = nullptr);
+  // Expands the node's ancestors and has the view scroll to it.
+  void ScrollIntoView(TVirtualNode* node);
 
   // --- Sorting ---
   // Sorts the children of node (nil: the root) and, recursively, theirs.

@@ -55,6 +55,9 @@ TEST_F(VirtualTreeSelection, ExpansionNeedsChildrenAndDecidesWhatIsVisible) {
   EXPECT_EQ(Tree.VisibleIndex(a2), -1);
   Tree.FullExpand();
   EXPECT_EQ(Tree.VisibleCount(), 4);
+  Tree.SetExpanded(a, false);
+  Tree.ScrollIntoView(a2);  // shows the row by opening its ancestors
+  EXPECT_TRUE(Tree.IsVisible(a2));
 }
 
 TEST_F(VirtualTreeSelection, NodeAtPointFollowsRowsScrollAndExpansion) {

@@ -68,6 +68,20 @@ void FillQMenu(QMenu* menu, TMenuItem& item) {
   }
 }
 
+QToolButton* CreateToolButton(TAction& action, const TCustomImageList* images, TMenuItem* dropDown,
+                              QWidget* parent) {
+  auto* button = new QToolButton(parent);
+  button->setDefaultAction(CreateQAction(action, images, button));
+  button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+  if (dropDown) {
+    auto* menu = new QMenu(button);
+    FillQMenu(menu, *dropDown);
+    button->setMenu(menu);
+    button->setPopupMode(QToolButton::MenuButtonPopup);
+  }
+  return button;
+}
+
 TqxQtIdlePump::TqxQtIdlePump(QObject* parent) : QObject(parent) {
   auto* dispatcher = QAbstractEventDispatcher::instance();
   if (!dispatcher) return;

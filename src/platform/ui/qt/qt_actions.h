@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QToolButton>
 
 namespace qx {
 
@@ -16,6 +17,10 @@ QAction* CreateQAction(TAction& action, const TCustomImageList* images, QObject*
 
 // Fills the menu with the item's children: lines, submenus and actions.
 void FillQMenu(QMenu* menu, TMenuItem& item);
+
+// A toolbar button for the action; with a drop-down, its arrow opens that menu.
+QToolButton* CreateToolButton(TAction& action, const TCustomImageList* images, TMenuItem* dropDown,
+                              QWidget* parent);
 
 // Runs the application's idle passes whenever Qt's event loop is about to wait.
 // One per application, made after the QApplication.

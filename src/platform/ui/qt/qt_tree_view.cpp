@@ -87,6 +87,8 @@ bool TqxQtTreeView::TreeBeginEdit(TVirtualNode* node, int column) {
   return state() == QAbstractItemView::EditingState;
 }
 
+void TqxQtTreeView::TreeScrollIntoView(TVirtualNode* node) { scrollTo(FModel->IndexOf(node)); }
+
 void TqxQtTreeView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
   QTreeView::closeEditor(editor, hint);
   if (auto text = FModel->TakePendingEdit()) {

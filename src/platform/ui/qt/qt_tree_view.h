@@ -37,6 +37,7 @@ public:
   void TreeStructureChanged() override;
   void TreeStateChanged() override;
   bool TreeBeginEdit(TVirtualNode* node, int column) override;
+  void TreeScrollIntoView(TVirtualNode* node) override;
 
 protected:
   void mousePressEvent(QMouseEvent* event) override;

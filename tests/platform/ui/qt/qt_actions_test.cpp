@@ -59,6 +59,12 @@ TEST(QtActions, MenusShowLinesSubmenusAndActions) {
   EXPECT_TRUE(menu.actions()[1]->isSeparator());
   ASSERT_NE(menu.actions()[2]->menu(), nullptr);
   EXPECT_EQ(menu.actions()[2]->menu()->actions().size(), 1);
+
+  QWidget bar;
+  QToolButton* button = CreateToolButton(*add, nullptr, sub, &bar);
+  EXPECT_EQ(button->defaultAction()->text(), "Add color");
+  ASSERT_NE(button->menu(), nullptr);
+  EXPECT_EQ(button->popupMode(), QToolButton::MenuButtonPopup);
 }
 
 TEST(QtServices, QueueAndTimersRunOnTheEventLoop) {
