@@ -42,6 +42,8 @@ public:
   virtual bool TreeBeginEdit(TVirtualNode* node, int column) = 0;
   // Scrolls so the node's row shows.
   virtual void TreeScrollIntoView(TVirtualNode* node) { (void)node; }
+  // Takes the keyboard focus.
+  virtual void TreeSetFocus() {}
 };
 
 // A tree whose nodes carry data objects and whose cells are asked for through
@@ -169,6 +171,10 @@ public:
   void FullExpand(TVirtualNode* node = nullptr);
   // Expands the node's ancestors and has the view scroll to it.
   void ScrollIntoView(TVirtualNode* node);
+  // Gives the view the keyboard focus.
+  void SetFocus() {
+    if (FView) FView->TreeSetFocus();
+  }
 
   // --- Sorting ---
   // Sorts the children of node (nil: the root) and, recursively, theirs.

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QUrl>
 
@@ -58,6 +59,7 @@ void TqxQtTreeView::ApplyHeader() {
 
 void TqxQtTreeView::TreeStructureChanged() {
   FSlowClickNode = nullptr;
+  FDropNode = nullptr;
   FModel->Reset();
   SyncState();
 }
@@ -219,8 +221,12 @@ void TqxQtTreeView::dragMoveEvent(QDragMoveEvent* event) {
   }
   QPoint pos = event->position().toPoint();
   TDragEffect effect = source ? TDragEffect::deMove : TDragEffect::deCopy;
-  if (FTree.DoDragOver(source, ToShiftState(event->modifiers()), TDragState::dsDragMove, {pos.x(), pos.y()},
-                       effect)) {
+  bool accept = FTree.DoDragOver(source, ToShiftState(event->modifiers()), TDragState::dsDragMove,
+                                 {pos.x(), pos.y()}, effect);
+  FDropNode = accept ? FTree.GetNodeAt(pos.x(), pos.y()) : nullptr;
+  FDropMode = FTree.GetDropModeAt(pos.x(), pos.y());
+  viewport()->update();
+  if (accept) {
     event->setDropAction(source ? Qt::MoveAction : Qt::CopyAction);
     event->accept();
   } else {
@@ -228,11 +234,33 @@ void TqxQtTreeView::dragMoveEvent(QDragMoveEvent* event) {
   }
 }
 
-void TqxQtTreeView::dragLeaveEvent(QDragLeaveEvent* event) { event->accept(); }
+void TqxQtTreeView::dragLeaveEvent(QDragLeaveEvent* event) {
+  FDropNode = nullptr;
+  viewport()->update();
+  event->accept();
+}
+
+void TqxQtTreeView::paintEvent(QPaintEvent* event) {
+  QTreeView::paintEvent(event);
+  if (!FDropNode) return;
+  QPainter painter(viewport());
+  painter.setPen(QPen(palette().highlight().color(), 2));
+  QRect row = NodeRect(FDropNode);
+  row.setRight(viewport()->width() - 1);
+  if (FDropMode == TDropMode::dmAbove) {
+    painter.drawLine(row.topLeft(), row.topRight());
+  } else if (FDropMode == TDropMode::dmBelow) {
+    painter.drawLine(row.bottomLeft(), row.bottomRight());
+  } else {
+    painter.drawRect(row.adjusted(1, 1, -1, -1));
+  }
+}
 
 void TqxQtTreeView::dropEvent(QDropEvent* event) {
   TVirtualTree* source;
   TVTDragData data;
+  FDropNode = nullptr;
+  viewport()->update();
   if (!ReadDrag(event->mimeData(), source, data)) {
     event->ignore();
     return;

@@ -38,6 +38,7 @@ public:
   void TreeStateChanged() override;
   bool TreeBeginEdit(TVirtualNode* node, int column) override;
   void TreeScrollIntoView(TVirtualNode* node) override;
+  void TreeSetFocus() override { setFocus(); }
 
 protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -50,6 +51,7 @@ protected:
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dragLeaveEvent(QDragLeaveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
@@ -66,6 +68,9 @@ private:
   bool FLeftPressed = false, FDragged = false, FSyncing = false;
   TVirtualNode* FSlowClickNode = nullptr;
   QTimer FEditTimer;
+  // Where a drag over the tree would land, drawn over the rows.
+  TVirtualNode* FDropNode = nullptr;
+  TDropMode FDropMode = TDropMode::dmNowhere;
 };
 
 }  // namespace qx

@@ -161,15 +161,25 @@ TEST_F(QtTreeView, DropsReachTheTreeFromInsideAndFromTheDesktop) {
   QMimeData desktop;
   desktop.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string()))});
   Tree.SetExpanded(Folder, true);
+  auto shots = std::filesystem::path(QX_BUILD_DIR) / "screenshots";
+  std::filesystem::create_directories(shots);
+  {
+    // Hovering shows where the files would land.
+    QPoint at = View->NodeRect(Folder).center();
+    QDragEnterEvent enter(at, Qt::CopyAction, &desktop, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(View->viewport(), &enter);
+    QDragMoveEvent move(at, Qt::CopyAction, &desktop, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(View->viewport(), &move);
+    EXPECT_TRUE(move.isAccepted());
+    EXPECT_TRUE(View->grab().save(QString::fromStdString((shots / "ui_tree_view_drag.png").string())));
+  }
   Drop(desktop, Folder);
   EXPECT_EQ(files, std::vector<std::string>{file.string()});
 
   Tree.SetSelected(Asset, true);
   Tree.SetFocusedNode(Asset);
   QCoreApplication::processEvents();
-  auto shot = std::filesystem::path(QX_BUILD_DIR) / "screenshots";
-  std::filesystem::create_directories(shot);
-  EXPECT_TRUE(View->grab().save(QString::fromStdString((shot / "ui_tree_view.png").string())));
+  EXPECT_TRUE(View->grab().save(QString::fromStdString((shots / "ui_tree_view.png").string())));
 }
 
 }  // namespace
