@@ -148,12 +148,15 @@ void TqxVectorReaderSVG::Process() {
   FDepth = 0;
   FCommandCount = 0;
   FAborted = false;
+  FOpenGroups = 0;
   try {
     const pugi::xml_node root = FInput->document_element();
     if (!ParseSVGNodeAttributes(root)) return;
     ProcessElements(root);
   } catch (const EsvgReadAborted&) {
-    // Already logged as an error by AbortRead.
+    // Already logged by AbortRead. The limit may have struck between a
+    // group's open and close anywhere, so close what is still open.
+    for (; FOpenGroups > 0; --FOpenGroups) FVectorDocument->EndGroup();
   }
 }
 
@@ -235,15 +238,8 @@ void TqxVectorReaderSVG::ProcessElements(const pugi::xml_node& AParent) {
       if (!IsDrawnInSecondPass(type)) continue;
       if (type != TqxSVGElementType::Group && HasAttribute(node, "transform")) {
         BeginGroup();
-        try {
-          ProcessTransformAttribute(node);
-          ProcessElement(node, type);
-        } catch (const EsvgReadAborted&) {
-          // Only a read ended by a limit closes this scope; any other
-          // exception leaves it open, as callers of the document expect.
-          EndGroup();
-          throw;
-        }
+        ProcessTransformAttribute(node);
+        ProcessElement(node, type);
         EndGroup();
       } else {
         ProcessElement(node, type);
@@ -328,19 +324,25 @@ void TqxVectorReaderSVG::CountCommands(std::size_t ACount) {
   if (FAborted) return;
   const std::size_t targets = (FIsParsingDefs ? 0 : 1) + FCreatingSnippets.size();
   FCommandCount += ACount * targets;
-  if (FCommandCount > kMaxCommands)
-    AbortRead(Format("The document produces more than %d commands", {static_cast<std::int64_t>(kMaxCommands)}));
+  if (FCommandCount > FMaxCommands)
+    AbortRead(Format("The document produces more than %d commands", {static_cast<std::int64_t>(FMaxCommands)}));
 }
 
 void TqxVectorReaderSVG::BeginGroup() {
   CountCommands(1);
-  if (!FIsParsingDefs) FVectorDocument->BeginGroup();
+  if (!FIsParsingDefs) {
+    FVectorDocument->BeginGroup();
+    ++FOpenGroups;
+  }
   for (auto& [id, snippet] : FCreatingSnippets) snippet->BeginGroup();
 }
 
 void TqxVectorReaderSVG::EndGroup() {
   CountCommands(1);
-  if (!FIsParsingDefs) FVectorDocument->EndGroup();
+  if (!FIsParsingDefs) {
+    FVectorDocument->EndGroup();
+    --FOpenGroups;
+  }
   for (auto& [id, snippet] : FCreatingSnippets) snippet->EndGroup();
 }
 

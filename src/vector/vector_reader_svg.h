@@ -195,6 +195,10 @@ protected:
 
   // Safety limits: the group nesting level now, the commands appended so far,
   // and whether the read was aborted (so unwinding adds no second error).
+  // FOpenGroups counts the main document's unclosed groups, which an aborted
+  // read closes.
+  int FOpenGroups = 0;
+  std::size_t FMaxCommands = kMaxCommands;
   int FDepth = 0;
   std::size_t FCommandCount = 0;
   bool FAborted = false;

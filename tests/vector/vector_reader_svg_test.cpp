@@ -256,6 +256,48 @@ TEST(VectorReaderSvgTest, ClassFunctionsReadRealFiles) {
   EXPECT_THROW(reader.LoadFromFile(DataFile("frame/no_such_file.svg")), Exception);
 }
 
+// A reader with a command limit small enough to reach by hand.
+class LimitedReader : public TqxVectorReaderSVG {
+public:
+  LimitedReader(TqxVectorDocument& doc, std::size_t limit) : TqxVectorReaderSVG(doc) { FMaxCommands = limit; }
+  std::size_t Count() const { return FCommandCount; }
+};
+
+TEST(VectorReaderSvgTest, CommandLimitEndsTheReadWithBalancedGroups) {
+  // Commands of every kind, with a recording and a replay.
+  const std::string text = Svg(
+      "<g id=\"a\" fill=\"red\" transform=\"scale(2)\"><path d=\"M0 0\"/>"
+      "<rect transform=\"translate(1)\" width=\"1\" height=\"1\"/></g>"
+      "<use xlink:href=\"#a\"/><circle r=\"1\"/>");
+  TqxVectorDocument full;
+  LimitedReader unlimited(full, TqxVectorReaderSVG::kMaxCommands);
+  std::istringstream fullStream(text);
+  unlimited.LoadFromStream(fullStream);
+  // Every command counts once for each document it lands in.
+  const std::size_t total = unlimited.Count();
+  ASSERT_EQ(total, 51u);
+  for (std::size_t limit = 0; limit <= total; ++limit) {
+    SCOPED_TRACE(limit);
+    TqxVectorDocument doc;
+    LimitedReader reader(doc, limit);
+    std::istringstream stream(text);
+    reader.LoadFromStream(stream);
+    const Lines dump = test::Dump(doc.Commands);
+    int depth = 0;
+    for (const std::string& line : dump) {
+      depth += line == "{" ? 1 : line == "}" ? -1 : 0;
+      ASSERT_GE(depth, 0);
+    }
+    EXPECT_EQ(depth, 0);
+    if (limit < total) {
+      EXPECT_EQ(reader.Result(), TqxResultParsing::Failed);
+      EXPECT_EQ(reader.Logs(), (Lines{Format("- The document produces more than %d commands", {limit})}));
+    } else {
+      EXPECT_EQ(reader.Result(), TqxResultParsing::Success);
+    }
+  }
+}
+
 std::string NestedGroups(int depth) {
   std::string text = "<svg width=\"1\" height=\"1\">";
   for (int i = 0; i < depth; ++i) text += "<g>";
@@ -273,6 +315,7 @@ TEST(VectorReaderSvgTest, NestingBeyondTheLimitFailsWithBalancedGroups) {
   // The groups opened before the limit are all closed again.
   EXPECT_EQ(std::count(deep.Commands.begin(), deep.Commands.end(), "{"),
             std::count(deep.Commands.begin(), deep.Commands.end(), "}"));
+
 
   // So is the scope of a transformed element that ends the read.
   const ReadResult self = Read(Svg("<g id=\"a\"><use transform=\"scale(2)\" xlink:href=\"#a\"/></g><g/>"));
