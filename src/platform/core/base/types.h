@@ -34,6 +34,12 @@ struct TSizeF {
   bool operator==(const TSizeF&) const = default;
 };
 
+// Integer size in pixels, as of a preview.
+struct TSize {
+  int Width = 0, Height = 0;
+  bool operator==(const TSize&) const = default;
+};
+
 // Integer rectangle, as pixel insets or bounds.
 struct TRect {
   int Left = 0, Top = 0, Right = 0, Bottom = 0;
