@@ -19,6 +19,7 @@ struct TqxCommand {
   std::string Synopsis;  // "list PROJECT.dproj"
   std::string Summary;   // one line for the usage text
   std::function<int(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)> Run;
+  std::string Help;  // what --help prints below the synopsis
 };
 
 }  // namespace qx::cli

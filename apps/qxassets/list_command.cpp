@@ -87,6 +87,12 @@ std::string FormatAssetsTree(const TqxAssetsManager& manager) {
 }
 
 int RunList(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+  if (args.size() == 1 && (args[0] == "--help" || args[0] == "-h")) {
+    PrintUsage(out);
+    out << "\nPrints the assets of the project's Assets/config.json as a tree: folders and\n"
+           "themes as nodes, each asset name with its kind and its variants. Changes nothing.\n";
+    return kExitOk;
+  }
   if (args.size() != 1 || StartsStr("-", args[0])) {
     PrintUsage(err);
     return kExitUsage;

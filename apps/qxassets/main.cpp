@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "command.h"
+#include "document_commands.h"
+#include "edit_commands.h"
 #include "list_command.h"
 #include "svg_command.h"
 
@@ -14,17 +16,18 @@ namespace qx::cli {
 namespace {
 
 std::vector<TqxCommand> MakeCommands() {
-  return {ListCommand(), SvgCommand()};
+  return {ListCommand(), SaveCommand(), AddCommand(),    NewCommand(),   RmCommand(),
+          MvCommand(),   ConstsCommand(), DeployCommand(), SvgCommand()};
 }
 
 void PrintUsage(const std::vector<TqxCommand>& commands, std::ostream& out) {
   out << "usage: qxassets COMMAND [ARGS...]\n\ncommands:\n";
-  for (const TqxCommand& command : commands) {
-    std::string synopsis = command.Synopsis;
-    synopsis.resize(std::max<std::size_t>(synopsis.size(), 28), ' ');
-    out << "  " << synopsis << "  " << command.Summary << '\n';
-  }
-  out << "  help                          show this text\n";
+  auto line = [&](std::string synopsis, const std::string& summary) {
+    synopsis.resize(std::max<std::size_t>(synopsis.size(), 42), ' ');
+    out << "  " << synopsis << "  " << summary << '\n';
+  };
+  for (const TqxCommand& command : commands) line(command.Synopsis, command.Summary);
+  line("help", "show this text; COMMAND --help tells more of each");
 }
 
 int Dispatch(const std::vector<TqxCommand>& commands, const std::vector<std::string>& args) {

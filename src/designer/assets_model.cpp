@@ -3,6 +3,8 @@
 #include <array>
 #include <filesystem>
 
+#include "designer/assets_folder_writer.h"
+#include "kinds/assets_editors_manager.h"
 #include "platform/core/assets/asset_bitmap_set.h"
 #include "platform/core/assets/asset_color.h"
 #include "platform/core/assets/asset_file.h"
@@ -153,6 +155,13 @@ void TqxAssetsModel::LoadFromFile(const std::string& configFileName) {
   std::error_code error;
   if (!std::filesystem::exists(configFileName, error)) return;
   TqxAssetsFactory::LoadFromFile(*FAssetsManager, configFileName);
+}
+
+void TqxAssetsModel::SaveToFile(const std::string& configFileName) {
+  TqxAssetsFolderWriter writer(*FAssetsManager, [](TqxAsset& asset, const std::string& rootPath) {
+    return TqxAssetsEditorsManager::Instance().Editors(asset).SaveTo(&asset, rootPath);
+  });
+  writer.SaveToFile(configFileName);
 }
 
 // --- Colour variants ---

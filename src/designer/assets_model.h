@@ -88,6 +88,10 @@ public:
   // Replaces the contents by the config file when it exists (links followed);
   // otherwise the manager stays as it was. No event.
   void LoadFromFile(const std::string& configFileName);
+  // Writes the assets folder beside the config file: each asset's files by
+  // its kind's SaveTo, the three config files, then removes what no asset
+  // listed (TqxAssetsFolderWriter). A failing asset is logged and skipped. No event.
+  void SaveToFile(const std::string& configFileName);
   // Drops each colour variant that says no more than the more general
   // variant of its name would. No event.
   void CleanUp();

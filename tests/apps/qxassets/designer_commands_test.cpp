@@ -1,0 +1,212 @@
+// The headless designer commands on copies of the example project. The saved
+// example is compared with golden files under tests/data/demo_saved; after a
+// deliberate change rewrite them with QX_UPDATE_GOLDEN=1.
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include <unistd.h>
+
+#include "document_commands.h"
+#include "edit_commands.h"
+#include "list_command.h"
+
+namespace qx::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kDemo = fs::path(QX_SOURCE_DIR) / "examples" / "Demo";
+const fs::path kGolden = fs::path(QX_TEST_DATA_DIR) / "demo_saved";
+
+std::string Read(const fs::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  std::ostringstream bytes;
+  bytes << in.rdbuf();
+  return bytes.str();
+}
+
+struct TFileState {
+  std::string Bytes;
+  fs::file_time_type Time;
+  bool operator==(const TFileState&) const = default;
+};
+
+// Every file under the folder, relative with `/`, with its bytes and time.
+std::map<std::string, TFileState> Snapshot(const fs::path& folder) {
+  std::map<std::string, TFileState> files;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    if (!entry.is_regular_file()) continue;
+    files[entry.path().lexically_relative(folder).generic_string()] = {Read(entry.path()), entry.last_write_time()};
+  }
+  return files;
+}
+
+std::string TreeText(const fs::path& folder) {
+  std::string text;
+  for (const auto& [name, state] : Snapshot(folder)) text += name + "\n";
+  return text;
+}
+
+class DesignerCommandsTest : public ::testing::Test {
+protected:
+  DesignerCommandsTest()
+      : FFolder(fs::temp_directory_path() / ("qx-commands-" + std::to_string(::getpid()) + "-" +
+                                            ::testing::UnitTest::GetInstance()->current_test_info()->name())) {
+    fs::remove_all(FFolder);
+    fs::create_directories(FFolder);
+    fs::copy(kDemo, FFolder / "Demo", fs::copy_options::recursive);
+  }
+  ~DesignerCommandsTest() override { fs::remove_all(FFolder); }
+
+  // Runs the command with the project first; out and err hold what it wrote.
+  int Run(const TqxCommand& command, std::vector<std::string> args) {
+    args.insert(args.begin(), Project());
+    return RunRaw(command, args);
+  }
+  int RunRaw(const TqxCommand& command, const std::vector<std::string>& args) {
+    std::ostringstream out, err;
+    const int code = command.Run(args, out, err);
+    FOut = out.str();
+    FErr = err.str();
+    return code;
+  }
+  std::string Project() const { return (FFolder / "Demo" / "Demo.dproj").string(); }
+  fs::path Assets() const { return FFolder / "Demo" / "Assets"; }
+  std::string Config() const { return Read(Assets() / "config.json"); }
+
+  void ExpectGolden(const std::string& name, const std::string& actual) {
+    if (std::getenv("QX_UPDATE_GOLDEN") != nullptr) {
+      fs::create_directories(kGolden);
+      std::ofstream(kGolden / name, std::ios::binary) << actual;
+      return;
+    }
+    EXPECT_EQ(actual, Read(kGolden / name)) << name;
+  }
+
+  fs::path FFolder;
+  std::string FOut;
+  std::string FErr;
+};
+
+TEST_F(DesignerCommandsTest, SavingTheExampleGivesTheGoldenFilesAndASecondSaveChangesNothing) {
+  ASSERT_EQ(Run(SaveCommand(), {}), kExitOk) << FErr;
+  ExpectGolden("assets_tree.txt", TreeText(Assets()));
+  for (const char* name : {"config.json", "config-android.json", "config-ios.json"}) {
+    ExpectGolden(name, Read(Assets() / name));
+  }
+  ExpectGolden("Assets.Consts.pas", Read(FFolder / "Demo" / "Assets.Consts.pas"));
+  ExpectGolden("Demo.dproj", Read(Project()));
+
+  const auto first = Snapshot(FFolder / "Demo");
+  ASSERT_EQ(Run(SaveCommand(), {}), kExitOk) << FErr;
+  const auto second = Snapshot(FFolder / "Demo");
+  ASSERT_EQ(first.size(), second.size());
+  for (const auto& [name, state] : first) {
+    ASSERT_TRUE(second.count(name)) << name;
+    EXPECT_EQ(state.Bytes, second.at(name).Bytes) << name;
+    // Asset files are neither copied nor rewritten.
+    if (name.rfind("Assets/config", 0) != 0 && name.find('/') != std::string::npos) {
+      EXPECT_EQ(state.Time, second.at(name).Time) << name;
+    }
+  }
+}
+
+TEST_F(DesignerCommandsTest, EditingCommandsChangeTheModelAndEndWithASave) {
+  const fs::path logo = Assets() / "Images" / "Logo" / "default@10x.png";
+  fs::copy_file(logo, FFolder / "Badge.PNG");
+  std::ofstream(FFolder / "readme.md") << "read me";
+
+  ASSERT_EQ(Run(NewCommand(), {"color", "Colors\\Accent", "#80FF0000"}), kExitOk) << FErr;
+  EXPECT_EQ(FOut, "Colors\\Accent-1\n");
+  ASSERT_EQ(Run(NewCommand(), {"bitmap-set", "Images\\Hero", logo.string()}), kExitOk) << FErr;
+  EXPECT_TRUE(fs::exists(Assets() / "Images" / "Hero" / "default@10x.png"));
+  ASSERT_EQ(Run(NewCommand(), {"theme-container", "Sepia"}), kExitOk) << FErr;
+
+  ASSERT_EQ(Run(AddCommand(), {(FFolder / "Badge.PNG").string(), (FFolder / "readme.md").string(),
+                               "--folder", "Sepia"}),
+            kExitOk)
+      << FErr;
+  EXPECT_EQ(FOut, "added Sepia\\Badge (bitmap-set)\nadded Sepia\\readme (file)\n");
+  EXPECT_TRUE(fs::exists(Assets() / "Sepia" / "Badge" / "default@10x.png"));
+  EXPECT_EQ(Read(Assets() / "Sepia" / "readme" / "default.md"), "read me");
+
+  // A theme moves with its members; a taken name gets a suffix.
+  ASSERT_EQ(Run(MvCommand(), {"Sepia", "Dark"}), kExitOk) << FErr;
+  EXPECT_EQ(FOut, "Dark-1\n");
+  EXPECT_TRUE(fs::exists(Assets() / "Dark-1" / "Badge" / "default@10x.png"));
+  EXPECT_FALSE(fs::exists(Assets() / "Sepia"));
+  ASSERT_EQ(Run(MvCommand(), {"Images\\", "Pictures"}), kExitOk) << FErr;
+  EXPECT_NE(FOut.find("Images\\Logo -> Pictures\\Logo"), std::string::npos) << FOut;
+  EXPECT_TRUE(fs::exists(Assets() / "Pictures" / "Logo" / "default@40x.png"));
+  EXPECT_FALSE(fs::exists(Assets() / "Images"));
+
+  ASSERT_EQ(Run(RmCommand(), {"Dark-1"}), kExitOk) << FErr;
+  EXPECT_EQ(FOut, "removed 3 asset(s)\n");
+  EXPECT_FALSE(fs::exists(Assets() / "Dark-1"));
+  ASSERT_EQ(Run(RmCommand(), {"Pictures\\"}), kExitOk) << FErr;
+  EXPECT_FALSE(fs::exists(Assets() / "Pictures"));
+  EXPECT_EQ(Config().find("Pictures"), std::string::npos);
+  EXPECT_NE(Read(FFolder / "Demo" / "Assets.Consts.pas").find("ACCENT_1"), std::string::npos);
+}
+
+TEST_F(DesignerCommandsTest, FailuresAreOneLineAndLeaveTheProjectAsItWas) {
+  ASSERT_EQ(Run(SaveCommand(), {}), kExitOk) << FErr;
+  const auto saved = Snapshot(FFolder / "Demo");
+  const fs::path outside = FFolder / "outside.txt";
+
+  struct TCase {
+    TqxCommand Command;
+    std::vector<std::string> Args;
+  };
+  const TCase failures[] = {
+      {NewCommand(), {"sound", "Beep"}},
+      {NewCommand(), {"color", "Bad", "not-a-colour"}},
+      {NewCommand(), {"file", "..\\..\\Escaped", outside.string()}},
+      {NewCommand(), {"file", "Docs\\Missing", (FFolder / "missing.txt").string()}},
+      {AddCommand(), {(FFolder / "missing.png").string()}},
+      {AddCommand(), {(Assets() / "config.json").string(), "--folder", "a:b"}},
+      {RmCommand(), {"No\\Such"}},
+      {RmCommand(), {"No\\Such\\"}},
+      {MvCommand(), {"No\\Such", "Other"}},
+      {MvCommand(), {"Colors\\Accent", "\\Absolute"}},
+  };
+  for (const TCase& failure : failures) {
+    EXPECT_EQ(Run(failure.Command, failure.Args), kExitFailure) << failure.Command.Name;
+    EXPECT_EQ(std::count(FErr.begin(), FErr.end(), '\n'), 1) << FErr;
+    EXPECT_EQ(FErr.rfind("qxassets " + failure.Command.Name + ": ", 0), 0u) << FErr;
+  }
+  EXPECT_TRUE(Snapshot(FFolder / "Demo") == saved);
+  EXPECT_FALSE(fs::exists(FFolder / "Escaped"));
+
+  EXPECT_EQ(RunRaw(SaveCommand(), {(FFolder / "none.dproj").string()}), kExitFailure);
+  EXPECT_EQ(RunRaw(NewCommand(), {Project(), "color"}), kExitUsage);
+  EXPECT_EQ(RunRaw(MvCommand(), {"--help"}), kExitOk);
+  EXPECT_EQ(FOut.rfind("usage: qxassets mv PROJECT.dproj OLD NEW\n", 0), 0u) << FOut;
+}
+
+TEST_F(DesignerCommandsTest, DeployRewritesOnlyTheEntriesAndConstsPrintsTheUnit) {
+  const auto before = Snapshot(Assets());
+  ASSERT_EQ(Run(DeployCommand(), {}), kExitOk) << FErr;
+  EXPECT_TRUE(Snapshot(Assets()) == before);
+  EXPECT_FALSE(fs::exists(FFolder / "Demo" / "Assets.Consts.pas"));
+  const std::string dproj = Read(Project());
+  EXPECT_NE(dproj.find("Class=\"Quorvex_AssetsConfig\""), std::string::npos);
+  EXPECT_NE(dproj.find("Class=\"ProjectOutput\""), std::string::npos);
+  ASSERT_EQ(Run(DeployCommand(), {}), kExitOk) << FErr;
+  EXPECT_EQ(Read(Project()), dproj);
+
+  ASSERT_EQ(Run(SaveCommand(), {}), kExitOk) << FErr;
+  ASSERT_EQ(Run(ConstsCommand(), {}), kExitOk) << FErr;
+  std::string unit = Read(FFolder / "Demo" / "Assets.Consts.pas").substr(3);  // without the byte order mark
+  std::erase(unit, '\r');
+  EXPECT_EQ(FOut, unit);
+}
+
+}  // namespace
+}  // namespace qx::cli

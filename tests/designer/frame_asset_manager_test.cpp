@@ -1,0 +1,187 @@
+#include "designer/frame_asset_manager.h"
+
+#include <gtest/gtest.h>
+
+#include "kinds/assets_editors_manager.h"
+#include "platform/core/assets/asset_color.h"
+#include "platform/core/assets/asset_file.h"
+#include "platform/core/base/exception.h"
+#include "platform/core/base/log.h"
+#include "platform/host/filesystem/dproj_project.h"
+#include "platform/host/ide_events_listener.h"
+#include "temp_folder.h"
+
+namespace qx {
+namespace {
+
+namespace fs = std::filesystem;
+using test::ListTree;
+using test::ReadText;
+using test::WriteText;
+
+// A project over a real .dproj whose deployment service and unit adding can
+// be made to fail, and which counts how often it was marked modified.
+class TFaultyProject : public IOTAProject {
+public:
+  explicit TFaultyProject(std::shared_ptr<TqxDprojProject> inner) : FInner(std::move(inner)) {}
+
+  std::string GetFileName() const override { return FInner->GetFileName(); }
+  TGUID GetProjectGUID() const override { return FInner->GetProjectGUID(); }
+  std::string GetFrameworkType() const override { return FInner->GetFrameworkType(); }
+  std::shared_ptr<IOTAModuleInfo> FindModuleInfo(const std::string& fileName) const override {
+    return FInner->FindModuleInfo(fileName);
+  }
+  void AddFile(const std::string& fileName, bool isUnit) override {
+    if (FFailAddFile) throw Exception("the project refuses the unit");
+    FInner->AddFile(fileName, isUnit);
+  }
+  void MarkModified() override { ++FMarked; }
+  int AddNotifier(std::shared_ptr<IOTAModuleNotifier> notifier) override { return FInner->AddNotifier(notifier); }
+  void RemoveNotifier(int id) override { FInner->RemoveNotifier(id); }
+  std::shared_ptr<IProjectDeployment> GetProjectDeployment() override {
+    return FNoDeployment ? nullptr : FInner->GetProjectDeployment();
+  }
+
+  std::shared_ptr<TqxDprojProject> FInner;
+  bool FFailAddFile = false;
+  bool FNoDeployment = false;
+  int FMarked = 0;
+};
+
+class FrameAssetManagerTest : public ::testing::Test {
+protected:
+  FrameAssetManagerTest() {
+    RegisterAssetEditors();
+    TqxLog::SetStderrEnabled(false);
+    fs::copy_file(fs::path(QX_TEST_DATA_DIR) / "dproj" / "bare_lf.dproj", FFolder / "Bare.dproj");
+    WriteText(FFolder / "in" / "notes.txt", "notes");
+    FProject = std::make_shared<TFaultyProject>(TqxDprojProject::Open((FFolder / "Bare.dproj").string()));
+    TqxIdeEventsListener::Instance().ProjectOpened(FProject);
+    FDesigner.SetProject(FProject);
+  }
+  ~FrameAssetManagerTest() override {
+    TqxIdeEventsListener::Instance().Finalize();
+    TqxLog::SetStderrEnabled(true);
+  }
+
+  TqxAssetsManager& IdeManager() {
+    return *TqxIdeEventsListener::Instance().FindAssetsManager(FProject->GetProjectGUID());
+  }
+  void AddEdits() {
+    FDesigner.Model().AddColor("Colors\\Red", 0xFFFF0000);
+    FDesigner.Model().AddEmptyFile("Docs\\Notes")->SetUri((FFolder / "in" / "notes.txt").string());
+  }
+  std::size_t DeploymentEntries() const { return FProject->FInner->Deployment()->Entries().size(); }
+  fs::path Assets() const { return FFolder / "Assets"; }
+  fs::path Unit() const { return FFolder / "Assets.Consts.pas"; }
+  bool UnitIsInProject() const { return FProject->FInner->FindModuleInfo(Unit().string()) != nullptr; }
+
+  test::TTempFolder FFolder{"frame"};
+  std::shared_ptr<TFaultyProject> FProject;
+  TFrameAssetManager FDesigner;
+};
+
+TEST_F(FrameAssetManagerTest, ACompleteSaveReachesTheDiskTheIdeWideManagerTheDeploymentAndTheUnit) {
+  EXPECT_EQ(FDesigner.GetConfigFileName(), (Assets() / "config.json").string());
+  EXPECT_TRUE(FDesigner.GetAssetsManager().IsEmpty());
+  EXPECT_FALSE(FDesigner.GetModified());
+  AddEdits();
+  EXPECT_TRUE(FDesigner.GetModified());
+
+  FDesigner.Save(false);
+  EXPECT_EQ(ReadText(Assets() / "Docs/Notes/default.txt"), "notes");
+  EXPECT_FALSE(fs::exists(Assets() / "config.backup.json"));
+  // The local manager reads the disk again: URIs are full paths into the folder.
+  auto* notes = FDesigner.GetAssetsManager().FindExact("Docs\\Notes", 0, 0);
+  EXPECT_EQ(static_cast<TqxAssetFile*>(notes)->Uri(), (Assets() / "Docs/Notes/default.txt").string());
+  EXPECT_TRUE(IdeManager().Contains("Colors\\Red"));
+  EXPECT_GT(DeploymentEntries(), 0u);
+  EXPECT_EQ(FProject->FMarked, 1);
+  EXPECT_TRUE(UnitIsInProject());
+  EXPECT_NE(ReadText(Unit()).find("NOTES"), std::string::npos);
+  // Only the save command clears the flag.
+  EXPECT_TRUE(FDesigner.GetModified());
+}
+
+TEST_F(FrameAssetManagerTest, ASaveWhileTheProjectGoesWritesTheUnitButLeavesTheProjectAlone) {
+  AddEdits();
+  FProject->FNoDeployment = true;  // would fail if it were asked
+  FDesigner.Save(true);
+  EXPECT_TRUE(fs::exists(Unit()));
+  EXPECT_FALSE(UnitIsInProject());
+  EXPECT_EQ(DeploymentEntries(), 0u);
+}
+
+TEST_F(FrameAssetManagerTest, AFailureBeforeTheConfigIsWrittenLeavesTheIdeWideManagerEmptyAndNothingElse) {
+  FDesigner.Model().AddColor("Colors\\Red", 0xFFFF0000);
+  FDesigner.Save(false);
+  const int marked = FProject->FMarked;
+  fs::remove(Unit());
+  FDesigner.Model().AddColor("Colors\\Blue", 0xFF0000FF);
+
+  // An unwritable config file.
+  fs::create_directories(Assets() / "config-android.json.tmp");
+  EXPECT_THROW(FDesigner.Save(false), Exception);
+  EXPECT_TRUE(fs::exists(Assets() / "config.backup.json"));
+  EXPECT_TRUE(IdeManager().IsEmpty());
+  EXPECT_TRUE(FDesigner.GetAssetsManager().Contains("Colors\\Blue"));
+  EXPECT_EQ(FProject->FMarked, marked);
+  EXPECT_FALSE(fs::exists(Unit()));
+
+  // An assets folder that can't be made.
+  fs::remove_all(Assets());
+  WriteText(Assets(), "not a folder");
+  EXPECT_THROW(FDesigner.Save(false), Exception);
+  EXPECT_TRUE(IdeManager().IsEmpty());
+  EXPECT_EQ(FProject->FMarked, marked);
+  EXPECT_FALSE(fs::exists(Unit()));
+}
+
+TEST_F(FrameAssetManagerTest, AMissingDeploymentServiceStopsTheSaveAfterTheFolderIsWritten) {
+  AddEdits();
+  FProject->FNoDeployment = true;
+  EXPECT_THROW(FDesigner.Save(false), EqxAssertError);
+  EXPECT_TRUE(fs::exists(Assets() / "Docs/Notes/default.txt"));
+  EXPECT_TRUE(IdeManager().IsEmpty());
+  EXPECT_EQ(FProject->FMarked, 0);
+  EXPECT_FALSE(fs::exists(Unit()));
+}
+
+TEST_F(FrameAssetManagerTest, TheUnitThatCannotBeAddedOrWrittenFailsOnlyWhatFollowsIt) {
+  AddEdits();
+  FProject->FFailAddFile = true;
+  FDesigner.Save(false);
+  EXPECT_TRUE(fs::exists(Unit()));
+  EXPECT_FALSE(UnitIsInProject());
+
+  fs::remove(Unit());
+  fs::create_directories(Unit());
+  EXPECT_THROW(FDesigner.Save(false), Exception);
+  EXPECT_TRUE(IdeManager().Contains("Docs\\Notes"));
+  EXPECT_EQ(FProject->FMarked, 2);
+}
+
+TEST_F(FrameAssetManagerTest, HostileNamesAreRefusedAndNothingOutsideTheProjectChanges) {
+  test::TTempFolder outside("outside");
+  WriteText(outside / "victim.txt", "victim");
+  const auto before = ListTree(outside.Path());
+  FDesigner.Model().AddEmptyFile("..\\..\\Escaped")->SetUri((FFolder / "in" / "notes.txt").string());
+  FDesigner.Model().AddEmptyFile("Docs\\Notes")->SetUri((FFolder / "in" / "notes.txt").string());
+  fs::create_directories(Assets());
+  fs::create_directory_symlink(outside.Path(), Assets() / "Linked");
+  FDesigner.Model().AddEmptyFile("Linked\\Inside")->SetUri((FFolder / "in" / "notes.txt").string());
+
+  std::string log;
+  const int sink = TqxLog::AddSink([&](TqxLogLevel, const std::string&, const std::string& text) { log += text; });
+  FDesigner.Save(false);
+  TqxLog::RemoveSink(sink);
+
+  EXPECT_NE(log.find("..\\..\\Escaped"), std::string::npos) << log;
+  EXPECT_NE(log.find("Linked\\Inside"), std::string::npos) << log;
+  EXPECT_TRUE(fs::exists(Assets() / "Docs/Notes/default.txt"));
+  EXPECT_EQ(ListTree(outside.Path()), before);
+  EXPECT_EQ(ListTree(FFolder.Path().parent_path() / "Escaped"), decltype(before){});
+}
+
+}  // namespace
+}  // namespace qx
