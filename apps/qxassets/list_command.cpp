@@ -68,7 +68,7 @@ void PrintUsage(std::ostream& err) { err << "usage: qxassets list PROJECT.dproj\
 }  // namespace
 
 TqxCommand ListCommand() {
-  return {"list", "list PROJECT.dproj", "print the project's assets as a tree", RunList};
+  return {"list", "list PROJECT.dproj", "print the project's assets as a tree", RunList, ""};
 }
 
 std::string FormatAssetsTree(const TqxAssetsManager& manager) {

@@ -5,6 +5,7 @@
 
 #include "platform/core/assets/asset.h"
 #include "platform/core/assets/asset_bitmap_set.h"
+#include "platform/core/assets/asset_name_helper.h"
 #include "platform/core/assets/asset_svg.h"
 #include "platform/core/assets/asset_with_file.h"
 #include "platform/core/assets/assets_factory.h"
@@ -62,6 +63,7 @@ std::string TqxAssetsFolderWriter::SiblingConfigFileName(const std::string& conf
 }
 
 void TqxAssetsFolderWriter::SaveToFile(const std::string& configFileName) {
+  CheckNames();
   FFolder = fs::absolute(fs::path(configFileName)).parent_path().lexically_normal();
   FSaved.clear();
   FProtectedFolders.clear();
@@ -79,6 +81,18 @@ void TqxAssetsFolderWriter::SaveToFile(const std::string& configFileName) {
   WriteConfigFiles(configFileName);
   DeleteUnlistedFiles(oldFiles);
   DeleteEmptyFolders(FFolder);
+}
+
+// A name that could lead out of the folder, or that the config could not be
+// read back with, stops the save before anything is written.
+void TqxAssetsFolderWriter::CheckNames() const {
+  for (const TqxAssetName& name : FManager.GetAssetsNames()) {
+    if (!TqxAssetNameHelper::IsValid(name)) {
+      throw Exception(Format("Cannot save the assets: the asset \"%s\" has a name that is not valid (an empty, "
+                             "\".\" or \"..\" part, or one of / : * ? \" < > |); rename it first",
+                             {name}));
+    }
+  }
 }
 
 void TqxAssetsFolderWriter::CheckFolderStaysInProject() const {

@@ -16,7 +16,8 @@ class TqxAssetsManager;
 // config-android.json and config-ios.json, then the removal of every file that
 // no asset listed and of folders left empty.
 //
-// Nothing outside the folder of the assets folder (the project's folder) is
+// Assets whose names aren't valid (a `..` part, a `/`, ...) stop the save
+// before anything is written. Nothing outside the folder of the assets folder (the project's folder) is
 // written or deleted: an assets folder that leads elsewhere through a link is
 // refused before anything is written, the walk over old files never enters a
 // linked folder, and a link is deleted as a link, never its target.
@@ -42,6 +43,7 @@ public:
 private:
   using TPath = std::filesystem::path;
 
+  void CheckNames() const;
   void CheckFolderStaysInProject() const;
   void MakeBackup(const std::string& configFileName) const;
   std::vector<TPath> ListOldFiles() const;
