@@ -27,7 +27,7 @@ const TSubcommand kSubcommands[] = {
 }  // namespace
 
 TqxCommand SvgCommand() {
-  return {"svg", "svg check|compile|render|dump", "check, compile, render or dump SVG images", RunSvgCommand};
+  return {"svg", "svg check|compile|render|dump", "check, compile, render or dump SVG images", RunSvgCommand, ""};
 }
 
 int RunSvgCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
