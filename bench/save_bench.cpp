@@ -18,6 +18,8 @@
 #include "designer/frame_asset_manager.h"
 #include "kinds/assets_editors_manager.h"
 #include "platform/core/assets/asset_bitmap_set.h"
+#include "platform/core/assets/asset_file.h"
+#include "platform/core/assets/asset_font.h"
 #include "platform/core/base/log.h"
 #include "platform/host/filesystem/dproj_project.h"
 #include "platform/host/ide_events_listener.h"
