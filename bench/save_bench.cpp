@@ -1,6 +1,7 @@
 // The second save of a 10,000-asset project, where nothing is to be copied,
-// against a plain recursive copy of the same assets folder. The last line
-// gives the ratio of the two; the aim is 1.5 or less.
+// against a plain recursive copy of the same assets folder: the assets folder
+// alone, and the whole save with the deployment entries and the constants
+// unit. The last lines give the ratios to the copy; the aim is 1.5 or less.
 
 #include <benchmark/benchmark.h>
 
@@ -85,7 +86,8 @@ public:
         case 4: model.AddEmptyFont(name)->SetUri((sources / "font.ttf").string()); break;
       }
     }
-    FDesigner->Save(false);
+    // The first save copies everything in; the deployment follows in the timed one.
+    WriteFolder();
   }
   ~TBigProject() {
     FDesigner.reset();
@@ -94,6 +96,12 @@ public:
   }
 
   void Save() { FDesigner->Save(false); }
+  // The assets folder alone: files, config files, clean-up and the reload.
+  void WriteFolder() {
+    const std::string config = FDesigner->GetConfigFileName();
+    FDesigner->Model().SaveToFile(config);
+    FDesigner->Model().LoadFromFile(config);
+  }
   void CopyFolder() {
     const fs::path target = FRoot / "copy";
     fs::remove_all(target);
@@ -112,6 +120,7 @@ TBigProject& Project() {
 }
 
 double gSaveSeconds = 0;
+double gFolderSeconds = 0;
 double gCopySeconds = 0;
 
 template <class F>
@@ -126,9 +135,13 @@ void Measure(benchmark::State& state, double& seconds, F&& body) {
 }
 
 void BM_SecondSave(benchmark::State& state) { Measure(state, gSaveSeconds, [] { Project().Save(); }); }
+void BM_SecondFolderWrite(benchmark::State& state) {
+  Measure(state, gFolderSeconds, [] { Project().WriteFolder(); });
+}
 void BM_RecursiveCopy(benchmark::State& state) { Measure(state, gCopySeconds, [] { Project().CopyFolder(); }); }
 
-BENCHMARK(BM_SecondSave)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_SecondFolderWrite)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_SecondSave)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(BM_RecursiveCopy)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 
 }  // namespace
@@ -138,7 +151,9 @@ int main(int argc, char** argv) {
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
   if (gCopySeconds > 0) {
-    std::printf("second save / recursive copy (best of each): %.2f (aim: 1.5 or less)\n", gSaveSeconds / gCopySeconds);
+    std::printf("assets folder of the second save / recursive copy: %.2f\n", gFolderSeconds / gCopySeconds);
+    std::printf("whole second save (with deployment and unit) / recursive copy: %.2f (aim: 1.5 or less)\n",
+                gSaveSeconds / gCopySeconds);
   }
   return 0;
 }
