@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "designer/asset_tree.h"
+#include "designer/designer_commands.h"
 #include "generators/assets_consts_generator.h"
 #include "generators/assets_deployment.h"
 #include "platform/core/assets/assets_factory.h"
@@ -35,6 +37,15 @@ TFrameAssetManager::TFrameAssetManager()
   };
   FModel->FOnAssetRenamed = [this](const TqxAssetName& oldName, const TqxAssetName& newName) {
     AssetRenamedHandler(oldName, newName);
+  };
+  FTree = std::make_unique<TqxAssetTree>(*this);
+  FCommands = std::make_unique<TqxDesignerCommands>(*this, *FTree);
+  FOnLoad = [this] { FTree->Build(); };
+  FOnAssetChanged = [this](const TqxAssetName& name, TqxAssetOperation operation) {
+    FTree->AssetsChangedHandler(name, operation);
+  };
+  FOnAssetRenamed = [this](const TqxAssetName& oldName, const TqxAssetName& newName) {
+    FTree->AssetRenamedHandler(oldName, newName);
   };
 }
 

@@ -10,6 +10,8 @@
 
 namespace qx {
 
+class TqxAssetTree;
+class TqxDesignerCommands;
 class TqxIdeEventsListener;
 
 enum class TqxState { Modified, Loading, Renaming };
@@ -68,6 +70,21 @@ public:
   std::shared_ptr<IOTAProject> Project() const { return FProject.lock(); }
   const TGUID& ProjectGUID() const { return FProjectGUID; }
 
+  // The tree of the left side and the commands over it; the model's events
+  // and each load reach the tree.
+  TqxAssetTree& Tree() { return *FTree; }
+  TqxDesignerCommands& Commands() { return *FCommands; }
+
+  // The tree's width and its info column's, shared by all projects; the view
+  // loads them once it has given the frame its project.
+  void LoadUISettings();
+  void SaveUISettings();
+  // Asks whether to save a modified document; answers whether the frame may
+  // close. A Yes while the project goes tells the IDE-wide listener, with
+  // ASender as the sender, that its manager may go. The widths are saved
+  // whatever the answer.
+  bool CloseQuery(bool AIsProjectDestroying, const void* ASender);
+
   // Where the IDE-wide managers are kept; the package's listener unless set.
   void SetIdeEventsListener(TqxIdeEventsListener* listener) { FIdeEvents = listener; }
 
@@ -92,6 +109,8 @@ private:
   TqxStates FState;
   std::unique_ptr<TqxAssetsModel> FModel;
   TqxIdeEventsListener* FIdeEvents;
+  std::unique_ptr<TqxAssetTree> FTree;
+  std::unique_ptr<TqxDesignerCommands> FCommands;
 };
 
 }  // namespace qx
