@@ -165,6 +165,7 @@ void TqxDesignerCommands::Save() {
     if (contains(selected, key)) FTree.VTResources.SetSelected(node, true);
     if (contains(expanded, key)) FTree.VTResources.SetExpanded(node, true);
   });
+  FTree.VTResources.SetFocus();
 }
 
 }  // namespace qx
