@@ -259,50 +259,50 @@ namespace {
   throw Exception("Format '" + std::string(format) + "' invalid or incompatible with argument");
 }
 
-struct Spec {
+struct FieldFormat {
   bool left = false;
   int width = -1;
   int precision = -1;
   char type = 0;
 };
 
-std::string Justify(std::string text, const Spec& spec) {
-  if (spec.width > static_cast<int>(text.size())) {
-    const std::string pad(spec.width - text.size(), ' ');
-    text = spec.left ? text + pad : pad + text;
+std::string Justify(std::string text, const FieldFormat& field) {
+  if (field.width > static_cast<int>(text.size())) {
+    const std::string pad(field.width - text.size(), ' ');
+    text = field.left ? text + pad : pad + text;
   }
   return text;
 }
 
-std::string FormatOne(const TqxFormatArg& arg, const Spec& spec, std::string_view format) {
+std::string FormatOne(const TqxFormatArg& arg, const FieldFormat& field, std::string_view format) {
   const auto& v = arg.Value();
   const auto* integer = std::get_if<std::int64_t>(&v);
   const auto* real = std::get_if<double>(&v);
   const auto* string = std::get_if<std::string>(&v);
-  switch (spec.type) {
+  switch (field.type) {
     case 'd':
     case 'u': {
       if (!integer) BadFormat(format);
       std::int64_t n = *integer;
-      std::string digits = spec.type == 'u' ? std::to_string(static_cast<std::uint32_t>(n))
+      std::string digits = field.type == 'u' ? std::to_string(static_cast<std::uint32_t>(n))
                                             : std::to_string(n < 0 ? -static_cast<std::uint64_t>(n) : n);
-      if (spec.precision > static_cast<int>(digits.size()))
-        digits.insert(0, spec.precision - digits.size(), '0');
-      return (spec.type == 'd' && n < 0 ? "-" : "") + digits;
+      if (field.precision > static_cast<int>(digits.size()))
+        digits.insert(0, field.precision - digits.size(), '0');
+      return (field.type == 'd' && n < 0 ? "-" : "") + digits;
     }
     case 'x': {
       if (!integer) BadFormat(format);
       char buffer[32];
       std::snprintf(buffer, sizeof buffer, "%llX", static_cast<unsigned long long>(*integer));
       std::string digits(buffer);
-      if (spec.precision > static_cast<int>(digits.size()))
-        digits.insert(0, spec.precision - digits.size(), '0');
+      if (field.precision > static_cast<int>(digits.size()))
+        digits.insert(0, field.precision - digits.size(), '0');
       return digits;
     }
     case 's': {
       if (!string) BadFormat(format);
-      if (spec.precision >= 0 && spec.precision < static_cast<int>(string->size()))
-        return string->substr(0, spec.precision);
+      if (field.precision >= 0 && field.precision < static_cast<int>(string->size()))
+        return string->substr(0, field.precision);
       return *string;
     }
     case 'g':
@@ -311,10 +311,10 @@ std::string FormatOne(const TqxFormatArg& arg, const Spec& spec, std::string_vie
     case 'n': {
       if (!real && !integer) BadFormat(format);
       const double x = real ? *real : static_cast<double>(*integer);
-      if (spec.type == 'g') return FloatToStrG(x, spec.precision < 0 ? 15 : spec.precision);
-      if (spec.type == 'e') return ScientificText(x, spec.precision < 0 ? 15 : spec.precision);
-      std::string text = FixedText(x, spec.precision < 0 ? 2 : spec.precision);
-      if (spec.type == 'n' && std::isfinite(x)) {
+      if (field.type == 'g') return FloatToStrG(x, field.precision < 0 ? 15 : field.precision);
+      if (field.type == 'e') return ScientificText(x, field.precision < 0 ? 15 : field.precision);
+      std::string text = FixedText(x, field.precision < 0 ? 2 : field.precision);
+      if (field.type == 'n' && std::isfinite(x)) {
         const bool negative = text.starts_with('-');
         const size_t start = negative ? 1 : 0;
         const size_t dot = text.find('.');
@@ -361,7 +361,7 @@ std::string Format(std::string_view format, const std::vector<TqxFormatArg>& arg
       out += '%';
       continue;
     }
-    Spec spec;
+    FieldFormat field;
     // "%1:s": an explicit argument index.
     size_t look = i;
     int index = ReadNumber(format, look, args, next);
@@ -370,19 +370,19 @@ std::string Format(std::string_view format, const std::vector<TqxFormatArg>& arg
       i = look + 1;
     }
     if (i < format.size() && format[i] == '-') {
-      spec.left = true;
+      field.left = true;
       ++i;
     }
-    spec.width = ReadNumber(format, i, args, next);
+    field.width = ReadNumber(format, i, args, next);
     if (i < format.size() && format[i] == '.') {
       ++i;
-      spec.precision = ReadNumber(format, i, args, next);
-      if (spec.precision < 0) spec.precision = 0;
+      field.precision = ReadNumber(format, i, args, next);
+      if (field.precision < 0) field.precision = 0;
     }
     if (i >= format.size()) BadFormat(format);
-    spec.type = AsciiLower(format[i]);
+    field.type = AsciiLower(format[i]);
     if (next >= args.size()) BadFormat(format);
-    out += Justify(FormatOne(args[next++], spec, format), spec);
+    out += Justify(FormatOne(args[next++], field, format), field);
   }
   return out;
 }
