@@ -20,22 +20,6 @@ namespace qx {
 
 namespace {
 
-// The parts of a name or path; the empty parts a closing `\` leaves are dropped.
-std::vector<std::string> SplitName(const std::string& name) {
-  std::vector<std::string> parts;
-  std::string part;
-  for (char c : name) {
-    if (c == TqxAssetNameHelper::kSeparator) {
-      if (!part.empty()) parts.push_back(part);
-      part.clear();
-    } else {
-      part += c;
-    }
-  }
-  if (!part.empty()) parts.push_back(part);
-  return parts;
-}
-
 // Previews are named after the asset object, so that a change of the asset
 // finds its own picture again.
 std::string PreviewName(const TqxAsset* asset) {
@@ -205,7 +189,7 @@ TVirtualNode* TqxAssetTree::AddFolderNode(TVirtualNode* AParent, const std::stri
 
 TVirtualNode* TqxAssetTree::GetNodeForPath(const std::string& APath) {
   TVirtualNode* parent = nullptr;
-  for (const std::string& part : SplitName(APath)) {
+  for (const std::string& part : TqxAssetNameHelper::Parts(APath)) {
     TVirtualNode* found = nullptr;
     for (TVirtualNode* child : VTResources.ChildNodes(parent)) {
       if (IsFolderLike(child) && SameText(GetNodeData(child)->Caption, part)) {
@@ -220,7 +204,7 @@ TVirtualNode* TqxAssetTree::GetNodeForPath(const std::string& APath) {
 
 bool TqxAssetTree::TryFindNode(const TqxAssetName& AName, TVirtualNode*& ANode) const {
   ANode = nullptr;
-  const auto parts = SplitName(AName);
+  const auto parts = TqxAssetNameHelper::Parts(AName);
   TVirtualNode* parent = nullptr;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const bool last = i + 1 == parts.size();

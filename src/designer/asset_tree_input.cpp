@@ -20,21 +20,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::vector<std::string> SplitName(const std::string& name) {
-  std::vector<std::string> parts;
-  std::string part;
-  for (char c : name) {
-    if (c == TqxAssetNameHelper::kSeparator) {
-      if (!part.empty()) parts.push_back(part);
-      part.clear();
-    } else {
-      part += c;
-    }
-  }
-  if (!part.empty()) parts.push_back(part);
-  return parts;
-}
-
 TVTNodeAttachMode AttachModeOf(TDropMode mode) {
   switch (mode) {
     case TDropMode::dmAbove:
@@ -156,7 +141,7 @@ void TqxAssetTree::SelectNode(const TqxAssetName& AName, bool AClearSelection) {
 
 void TqxAssetTree::ExpandNodesToAsset(const TqxAssetName& AName) {
   TVirtualNode* parent = nullptr;
-  for (const std::string& part : SplitName(AName)) {
+  for (const std::string& part : TqxAssetNameHelper::Parts(AName)) {
     TVirtualNode* found = nullptr;
     for (TVirtualNode* child : VTResources.ChildNodes(parent)) {
       if (GetNodeData(child)->Caption == part) {
@@ -173,7 +158,7 @@ void TqxAssetTree::ExpandNodesToAsset(const TqxAssetName& AName) {
 void TqxAssetTree::SetInitialAssetName(const TqxAssetName& AName) {
   std::vector<TVirtualNode*> path;
   TVirtualNode* parent = nullptr;
-  for (const std::string& part : SplitName(AName)) {
+  for (const std::string& part : TqxAssetNameHelper::Parts(AName)) {
     TVirtualNode* found = nullptr;
     for (TVirtualNode* child : VTResources.ChildNodes(parent)) {
       if (SameText(GetNodeData(child)->Caption, part)) {

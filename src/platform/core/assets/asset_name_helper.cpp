@@ -66,4 +66,10 @@ TqxAssetName TqxAssetNameHelper::Combine(const std::string& path, const std::str
   return path + kSeparator + name;
 }
 
+std::vector<std::string> TqxAssetNameHelper::Parts(const std::string& name) {
+  std::vector<std::string> parts = SplitString(name, kSeparator);
+  std::erase_if(parts, [](const std::string& part) { return part.empty(); });
+  return parts;
+}
+
 }  // namespace qx

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/core/base/types.h"
 
@@ -34,6 +35,8 @@ public:
   static std::string ShortName(const TqxAssetName& name);
   // Joins a folder path (with or without its `\`) and a name.
   static TqxAssetName Combine(const std::string& path, const std::string& name);
+  // The parts of a name or path; empty parts, as a closing `\` leaves, are dropped.
+  static std::vector<std::string> Parts(const std::string& name);
 };
 
 }  // namespace qx
