@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <tuple>
 
 #include "platform/host/filesystem/deployment_xml.h"
 #include "platform/host/filesystem/dproj_deployment_file.h"
@@ -11,18 +12,16 @@ namespace qx {
 
 void TqxDprojDeployment::Read(const TqxDprojDocument& document) {
   FEntries.clear();
-  std::set<TqxDeploymentKey> seen;
+  FByKey.clear();
+  FByEntry.clear();
   TqxDeploymentXml xml(document);
   for (const auto& file : xml.DeployFiles())
     for (const auto& occurrence : file.Platforms)
-      if (seen.insert(occurrence.Entry.Key()).second)
-        FEntries.push_back(std::make_shared<TqxDeploymentEntry>(occurrence.Entry));
+      if (FByKey.count(occurrence.Entry.Key()) == 0)
+        Insert(std::make_shared<TqxDeploymentEntry>(occurrence.Entry));
 }
 
 std::vector<TqxTextEdit> TqxDprojDeployment::BuildEdits(const TqxDprojDocument& document) const {
-  std::map<TqxDeploymentKey, const TqxDeploymentEntry*> held;
-  for (const auto& entry : FEntries) held.emplace(entry->Key(), entry.get());
-
   TqxDeploymentXml xml(document);
   std::vector<TqxTextEdit> edits;
   std::set<TqxDeploymentKey> written;
@@ -31,15 +30,16 @@ std::vector<TqxTextEdit> TqxDprojDeployment::BuildEdits(const TqxDprojDocument& 
     bool anyKept = false;
     for (const auto& occurrence : file.Platforms) {
       const TqxDeploymentKey key = occurrence.Entry.Key();
-      auto it = held.find(key);
-      if (it == held.end()) {
+      auto it = FByKey.find(key);
+      if (it == FByKey.end()) {
         fileEdits.push_back(document.RemoveWithLine(occurrence.Platform));
         continue;
       }
       anyKept = true;
       // A key that stands twice in the file is represented by its first place.
-      if (!written.insert(key).second || it->second->SameValues(occurrence.Entry)) continue;
-      TqxDeploymentEntry entry = *it->second;
+      const TqxDeploymentEntry& held = *it->second->Entry;
+      if (!written.insert(key).second || held.SameValues(occurrence.Entry)) continue;
+      TqxDeploymentEntry entry = held;
       if (entry.ExtraChildren.empty()) entry.ExtraChildren = occurrence.Entry.ExtraChildren;
       std::size_t start = document.StartOf(occurrence.Platform);
       fileEdits.push_back({start, document.EndOf(occurrence.Platform) - start,
@@ -54,17 +54,13 @@ std::vector<TqxTextEdit> TqxDprojDeployment::BuildEdits(const TqxDprojDocument& 
   // New entries: one DeployFile per local name, configuration and class, in the
   // order they were entered.
   std::vector<std::vector<const TqxDeploymentEntry*>> groups;
-  for (const auto& entry : FEntries) {
-    if (written.count(entry->Key()) != 0) continue;
-    auto group = std::find_if(groups.begin(), groups.end(), [&](const auto& g) {
-      return g.front()->LocalName == entry->LocalName &&
-             g.front()->Configuration == entry->Configuration &&
-             g.front()->DeploymentClass == entry->DeploymentClass;
-    });
-    if (group == groups.end())
-      groups.push_back({entry.get()});
-    else
-      group->push_back(entry.get());
+  std::map<std::tuple<std::string, std::string, std::string>, std::size_t> groupOf;
+  for (const auto& [entry, key] : FEntries) {
+    if (written.count(key) != 0) continue;
+    auto [group, added] =
+        groupOf.try_emplace({key.LocalName, key.Configuration, key.DeploymentClass}, groups.size());
+    if (added) groups.emplace_back();
+    groups[group->second].push_back(entry.get());
   }
   if (!groups.empty()) edits.push_back(xml.InsertDeployFiles(groups));
   return edits;
@@ -73,18 +69,22 @@ std::vector<TqxTextEdit> TqxDprojDeployment::BuildEdits(const TqxDprojDocument& 
 std::vector<TqxDeploymentEntry> TqxDprojDeployment::Entries() const {
   std::vector<TqxDeploymentEntry> entries;
   entries.reserve(FEntries.size());
-  for (const auto& entry : FEntries) entries.push_back(*entry);
+  for (const auto& slot : FEntries) entries.push_back(*slot.Entry);
   return entries;
 }
 
 std::optional<TqxDeploymentEntry> TqxDprojDeployment::Find(const TqxDeploymentKey& key) const {
-  for (const auto& entry : FEntries)
-    if (entry->Key() == key) return *entry;
-  return std::nullopt;
+  auto it = FByKey.find(key);
+  if (it == FByKey.end()) return std::nullopt;
+  return *it->second->Entry;
 }
 
 void TqxDprojDeployment::RemoveFilesOfClass(const std::string& deploymentClass) {
-  std::erase_if(FEntries, [&](const auto& e) { return e->DeploymentClass == deploymentClass; });
+  for (auto slot = FEntries.begin(); slot != FEntries.end();) {
+    auto next = std::next(slot);
+    if (slot->Key.DeploymentClass == deploymentClass) Erase(slot);
+    slot = next;
+  }
 }
 
 std::shared_ptr<IProjectDeploymentFile> TqxDprojDeployment::CreateFile(
@@ -100,21 +100,49 @@ std::shared_ptr<IProjectDeploymentFile> TqxDprojDeployment::CreateFile(
 
 void TqxDprojDeployment::RemoveFile(const std::string& configuration, const std::string& platform,
                                     const std::string& localName) {
-  std::erase_if(FEntries, [&](const auto& e) {
-    return e->Configuration == configuration && e->Platform == platform && e->LocalName == localName;
-  });
+  // Keys sort by local name and configuration first: the entries of every
+  // class under that pair stand together.
+  auto it = FByKey.lower_bound({localName, configuration, "", ""});
+  while (it != FByKey.end() && it->first.LocalName == localName &&
+         it->first.Configuration == configuration) {
+    auto slot = (it++)->second;
+    if (slot->Key.Platform == platform) Erase(slot);
+  }
 }
 
 void TqxDprojDeployment::AddEntry(std::shared_ptr<TqxDeploymentEntry> entry) {
-  const TqxDeploymentKey key = entry->Key();
-  std::erase_if(FEntries, [&](const auto& e) { return e->Key() == key; });
-  FEntries.push_back(std::move(entry));
+  EraseKey(entry->Key());
+  Insert(std::move(entry));
 }
 
 void TqxDprojDeployment::KeyChanged(const std::shared_ptr<TqxDeploymentEntry>& entry) {
-  if (std::find(FEntries.begin(), FEntries.end(), entry) == FEntries.end()) return;
-  const TqxDeploymentKey key = entry->Key();
-  std::erase_if(FEntries, [&](const auto& e) { return e != entry && e->Key() == key; });
+  auto found = FByEntry.find(entry.get());
+  if (found == FByEntry.end()) return;
+  auto slot = found->second;
+  TqxDeploymentKey key = entry->Key();
+  if (slot->Key == key) return;
+  FByKey.erase(slot->Key);
+  EraseKey(key);
+  slot->Key = std::move(key);
+  FByKey.emplace(slot->Key, slot);
+}
+
+void TqxDprojDeployment::Insert(std::shared_ptr<TqxDeploymentEntry> entry) {
+  TqxDeploymentKey key = entry->Key();
+  auto slot = FEntries.insert(FEntries.end(), {std::move(entry), std::move(key)});
+  FByKey.emplace(slot->Key, slot);
+  FByEntry.emplace(slot->Entry.get(), slot);
+}
+
+void TqxDprojDeployment::Erase(TSlots::iterator slot) {
+  FByKey.erase(slot->Key);
+  FByEntry.erase(slot->Entry.get());
+  FEntries.erase(slot);
+}
+
+void TqxDprojDeployment::EraseKey(const TqxDeploymentKey& key) {
+  auto it = FByKey.find(key);
+  if (it != FByKey.end()) Erase(it->second);
 }
 
 }  // namespace qx

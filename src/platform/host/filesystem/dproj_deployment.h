@@ -1,8 +1,11 @@
 #pragma once
 
+#include <list>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/host/filesystem/deployment_entry.h"
@@ -16,7 +19,8 @@ namespace qx {
 // platform); writing back touches only the Platform elements whose entry was
 // removed or changed, and adds new entries as DeployFile elements behind the
 // last one. Removing an entry and entering it again with the same values
-// leaves the file as it was.
+// leaves the file as it was. Look-ups go through an index by key, so that
+// rewriting all entries of a large project costs a pass, not a pass per entry.
 class TqxDprojDeployment : public IProjectDeployment,
                            public std::enable_shared_from_this<TqxDprojDeployment> {
 public:
@@ -43,7 +47,21 @@ public:
   void KeyChanged(const std::shared_ptr<TqxDeploymentEntry>& entry);
 
 private:
-  std::vector<std::shared_ptr<TqxDeploymentEntry>> FEntries;
+  // An entry with the key it is indexed under: a file object changes the
+  // entry's fields first and tells KeyChanged afterwards.
+  struct TSlot {
+    std::shared_ptr<TqxDeploymentEntry> Entry;
+    TqxDeploymentKey Key;
+  };
+  using TSlots = std::list<TSlot>;
+
+  void Insert(std::shared_ptr<TqxDeploymentEntry> entry);
+  void Erase(TSlots::iterator slot);
+  void EraseKey(const TqxDeploymentKey& key);
+
+  TSlots FEntries;  // in the order of entering
+  std::map<TqxDeploymentKey, TSlots::iterator> FByKey;
+  std::unordered_map<const TqxDeploymentEntry*, TSlots::iterator> FByEntry;
 };
 
 }  // namespace qx
