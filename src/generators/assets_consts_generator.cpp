@@ -12,6 +12,7 @@
 #include "platform/core/assets/asset_lottie_animation.h"
 #include "platform/core/assets/asset_svg.h"
 #include "platform/core/base/assert.h"
+#include "platform/core/base/exception.h"
 #include "platform/core/base/file_io.h"
 #include "platform/core/base/log.h"
 #include "platform/core/base/text.h"
@@ -25,6 +26,18 @@ namespace {
 
 constexpr const char* kLogTag = "AssetsDesigner";
 constexpr std::size_t kCommentColumn = 80;
+
+// Whether the file's folder is the folder or lies below it, links on the way
+// followed: a save never writes outside the project.
+bool LiesInFolder(const fs::path& file, const fs::path& folder) {
+  std::error_code error;
+  const fs::path realFolder = fs::weakly_canonical(folder, error);
+  if (error) return false;
+  const fs::path realParent = fs::weakly_canonical(fs::absolute(file).parent_path(), error);
+  if (error) return false;
+  const fs::path relative = realParent.lexically_relative(realFolder);
+  return !relative.empty() && *relative.begin() != "..";
+}
 
 template <class T>
 bool IsA(const TqxAsset& asset) {
@@ -121,7 +134,11 @@ void TqxAssetsConstsGenerator::Generate(bool isProjectDestroying) {
   if (!isProjectDestroying) {
     const std::string unitFileName = (projectDir / kUnitFileName).string();
     if (auto module = project->FindModuleInfo(unitFileName)) {
-      WriteTo(module->GetFileName());
+      const std::string fileName = module->GetFileName();
+      if (!LiesInFolder(fileName, projectDir))
+        throw Exception(Format("Cannot write the constants unit \"%s\": it lies outside the project's folder \"%s\"",
+                               {fileName, projectDir.string()}));
+      WriteTo(fileName);
       return;
     }
   }

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "generators_fixture.h"
+#include "../support/dproj_fixture.h"
 #include "platform/core/assets/asset_bitmap_set.h"
 #include "platform/core/assets/asset_color.h"
 #include "platform/core/assets/asset_file.h"
@@ -21,7 +21,7 @@
 namespace qx {
 namespace {
 
-using test::GeneratorsFixture;
+using test::DprojFixture;
 
 // A project that stands nowhere on disk and whose AddFile may fail.
 class TFakeProject : public IOTAProject {
@@ -79,7 +79,7 @@ long IndexOf(const std::vector<std::string>& lines, const std::string& line) {
   return it == lines.end() ? -1 : static_cast<long>(it - lines.begin());
 }
 
-class AssetsConstsGeneratorTest : public GeneratorsFixture {};
+class AssetsConstsGeneratorTest : public DprojFixture {};
 
 TEST_F(AssetsConstsGeneratorTest, EmptyManagerGivesTheBareRecord) {
   TqxAssetsManager manager;
@@ -210,11 +210,11 @@ TEST_F(AssetsConstsGeneratorTest, ThemeBitmapsWithoutThemeColoursDeclareNoCurren
     EXPECT_FALSE(Has(lines, absent)) << absent;
 }
 
-class AssetsConstsWritingTest : public GeneratorsFixture {
+class AssetsConstsWritingTest : public DprojFixture {
 protected:
   void SetUp() override {
-    GeneratorsFixture::SetUp();
-    FProjectFile = CopyProject();
+    DprojFixture::SetUp();
+    FProjectFile = Copy("shop_crlf_bom.dproj", "Shop.dproj");
     FProject = TqxDprojProject::Open(FProjectFile);
     AddColor(FManager, "Primary", 0xFF123456);
   }
@@ -239,23 +239,38 @@ TEST_F(AssetsConstsWritingTest, NewUnitIsWrittenBesideTheProjectAndAdded) {
   EXPECT_EQ(FProject->PendingText(), projectText);
 }
 
-TEST_F(AssetsConstsWritingTest, UnitThatTheProjectHoldsIsRewrittenUnderTheModulesName) {
-  // Project files come from Windows: the module is found whatever the case of its name.
-  const std::string lowerCase = Touch("assets.consts.pas", "old");
-  FProject->AddFile(lowerCase, true);
+TEST_F(AssetsConstsWritingTest, UnitThatTheProjectHoldsIsRewrittenWhereTheProjectKeepsIt) {
+  // In a subfolder, under a name in another case, as project files from Windows have it.
+  const std::string kept = Touch("Source/assets.consts.pas", "old");
+  FProject->AddFile(kept, true);
   const std::string projectText = FProject->PendingText();
   TqxAssetsConstsGenerator(FProject, &FManager).Generate(false);
-  EXPECT_EQ(Read(lowerCase), Expected());
+  EXPECT_EQ(Read(kept), Expected());
   EXPECT_FALSE(std::filesystem::exists(BesideProject()));
   EXPECT_EQ(FProject->PendingText(), projectText);
+}
 
-  // Wherever the IDE says the module is, the unit goes there.
-  auto project = std::make_shared<TFakeProject>((FDir / "App.dproj").string());
-  project->FModule = std::make_shared<TqxDprojModuleInfo>(Touch("Source/Assets.Consts.pas", "old"));
-  TqxAssetsConstsGenerator(project, &FManager).Generate(false);
-  EXPECT_EQ(Read(project->FModule->GetFileName()), Expected());
-  EXPECT_FALSE(std::filesystem::exists(BesideProject()));
-  EXPECT_TRUE(project->FAdded.empty());
+TEST_F(AssetsConstsWritingTest, AUnitKeptOutsideTheProjectsFolderIsRefused) {
+  const std::filesystem::path outside = FDir.parent_path() / (FDir.filename().string() + "_shared");
+  std::filesystem::create_directories(outside);
+  const std::string shared = (outside / "Assets.Consts.pas").string();
+  std::ofstream(shared) << "old";
+  // Once named outright, once through a link inside the project.
+  std::filesystem::create_directory_symlink(outside, FDir / "Linked");
+  for (const std::string& include : {shared, (FDir / "Linked" / "Assets.Consts.pas").string()}) {
+    auto project = std::make_shared<TFakeProject>((FDir / "App.dproj").string());
+    project->FModule = std::make_shared<TqxDprojModuleInfo>(include);
+    try {
+      TqxAssetsConstsGenerator(project, &FManager).Generate(false);
+      ADD_FAILURE() << include;
+    } catch (const Exception& e) {
+      EXPECT_NE(std::string(e.what()).find("outside the project's folder"), std::string::npos) << e.what();
+    }
+    EXPECT_EQ(Read(shared), "old");
+    EXPECT_FALSE(std::filesystem::exists(BesideProject()));
+    EXPECT_TRUE(project->FAdded.empty());
+  }
+  std::filesystem::remove_all(outside);
 }
 
 TEST_F(AssetsConstsWritingTest, ClosingProjectGetsTheUnitBesideItAndStaysUnchanged) {

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <set>
 
-#include "generators_fixture.h"
+#include "../support/dproj_fixture.h"
 #include "platform/core/assets/asset_bitmap_set.h"
 #include "platform/core/assets/asset_color.h"
 #include "platform/core/assets/asset_file.h"
@@ -26,7 +26,7 @@
 namespace qx {
 namespace {
 
-using test::GeneratorsFixture;
+using test::DprojFixture;
 using ::testing::ContainerEq;
 
 const char* kAssets = TqxAssetsDeployment::kAssetsClass;
@@ -89,11 +89,11 @@ std::vector<TExpected> WithConfigFiles(std::vector<TExpected> assetFiles) {
 
 // A project over a copy of a real .dproj whose deployment already holds
 // entries of our classes from an earlier save, and entries of the user's own.
-class AssetsDeploymentTest : public GeneratorsFixture {
+class AssetsDeploymentTest : public DprojFixture {
 protected:
   void SetUp() override {
-    GeneratorsFixture::SetUp();
-    FProjectFile = CopyProject();
+    DprojFixture::SetUp();
+    FProjectFile = Copy("shop_crlf_bom.dproj", "Shop.dproj");
     FProject = TqxDprojProject::Open(FProjectFile);
     FForeign = ForeignLines(*FProject->Deployment());
   }

@@ -29,7 +29,9 @@ public:
   // Compared case-sensitively by callers ("xfm" for the framework's projects).
   virtual std::string GetFrameworkType() const = 0;
 
-  // The module of a full file name, or nullptr when the project has none.
+  // The module of a full file name, or nullptr when the project has none. A
+  // unit is found by its file name wherever the project keeps it; the module
+  // info gives the name it really has.
   virtual std::shared_ptr<IOTAModuleInfo> FindModuleInfo(const std::string& fileName) const = 0;
   // The file joins the project; a failure raises Exception.
   virtual void AddFile(const std::string& fileName, bool isUnit) = 0;

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "dproj_fixture.h"
+#include "../../support/dproj_fixture.h"
 #include "platform/core/base/text.h"
 #include "platform/host/filesystem/dproj_project.h"
 #include "platform/host/supported_platforms.h"
@@ -157,6 +157,9 @@ TEST_F(DprojDeploymentTest, RemovingEntriesTakesTheirPlatformOrTheirWholeElement
                            "<DeployClass Name=\"AndroidClasses\">", "<ProjectRoot Platform=\"iOSDevice64\""})
     EXPECT_NE(text.find(kept), std::string::npos) << kept;
   EXPECT_EQ(TqxDprojProject::Open(fileName)->Deployment()->Entries().size(), 3u);
+  // A removal by local name takes the entry whatever its class.
+  deployment->RemoveFile("Release", "Win64", "Docs\\licence.txt");
+  EXPECT_EQ(project->Deployment()->Entries().size(), 2u);
 }
 
 TEST_F(DprojDeploymentTest, AChangedValueRewritesOnlyItsPlatform) {

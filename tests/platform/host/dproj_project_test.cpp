@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "dproj_fixture.h"
+#include "../../support/dproj_fixture.h"
 #include "platform/core/base/exception.h"
 #include "platform/host/filesystem/atomic_file.h"
 
@@ -31,6 +31,14 @@ TEST_F(DprojProjectTest, ReadsGuidFrameworkTypeAndUnits) {
   EXPECT_EQ(info->GetFileName(), units[1]);
   EXPECT_EQ(project->FindModuleInfo((FDir / "Shop.dpr").string()), nullptr);
   EXPECT_EQ(project->FindModuleInfo((FDir / "Assets.Consts.pas").string()), nullptr);
+  // A unit's name is unique in a project: asked for elsewhere, it is found where it is.
+  info = project->FindModuleInfo((FDir / "cart.pas").string());
+  ASSERT_NE(info, nullptr);
+  EXPECT_EQ(info->GetFileName(), units[1]);
+  // Other files are found only where they are.
+  project->AddFile((FDir / "Docs" / "readme.txt").string(), false);
+  EXPECT_EQ(project->FindModuleInfo((FDir / "readme.txt").string()), nullptr);
+  EXPECT_NE(project->FindModuleInfo((FDir / "Docs" / "readme.txt").string()), nullptr);
 
   EXPECT_EQ(TqxDprojProject::Open(Copy("bare_lf.dproj"))->GetFrameworkType(), "FMX");
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "dproj_fixture.h"
+#include "../../support/dproj_fixture.h"
 #include "platform/core/base/exception.h"
 #include "platform/host/ide_messages.h"
 

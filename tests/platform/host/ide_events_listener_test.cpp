@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 
-#include "dproj_fixture.h"
+#include "../../support/dproj_fixture.h"
 #include "platform/core/assets/assets_factory.h"
 #include "platform/core/assets/assets_manager_helper.h"
 #include "platform/host/filesystem/file_system_host.h"

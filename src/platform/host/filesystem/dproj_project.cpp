@@ -77,20 +77,36 @@ std::string TqxDprojProject::IncludeFor(const std::string& fileName) const {
   return StringReplaceAll(include, "/", "\\");
 }
 
-std::vector<std::string> TqxDprojProject::ModuleFileNames() const {
-  std::vector<std::string> names;
+std::vector<TqxDprojProject::TModule> TqxDprojProject::Modules() const {
+  std::vector<TModule> modules;
   for (pugi::xml_node group : FDocument->Root().children("ItemGroup"))
     for (pugi::xml_node item : group.children())
-      if (IsModuleItem(item)) names.push_back(FullPathOf(item.attribute("Include").value()));
+      if (IsModuleItem(item))
+        modules.push_back({FullPathOf(item.attribute("Include").value()),
+                           std::string_view(item.name()) == "DCCReference"});
+  return modules;
+}
+
+std::vector<std::string> TqxDprojProject::ModuleFileNames() const {
+  std::vector<std::string> names;
+  for (auto& module : Modules()) names.push_back(std::move(module.FileName));
   return names;
 }
 
 std::shared_ptr<IOTAModuleInfo> TqxDprojProject::FindModuleInfo(const std::string& fileName) const {
-  // Project files come from Windows, where names ignore case.
+  // Project files come from Windows, where names ignore case. A unit's name is
+  // unique in a project, so a unit kept in another folder is the one asked for.
   const std::string wanted = NormalPath(fileName);
-  for (const auto& name : ModuleFileNames())
-    if (SameText(name, wanted)) return std::make_shared<TqxDprojModuleInfo>(name);
-  return nullptr;
+  const std::string wantedName = fs::path(wanted).filename().string();
+  const std::string* unitOfName = nullptr;
+  const auto modules = Modules();
+  for (const auto& module : modules) {
+    if (SameText(module.FileName, wanted)) return std::make_shared<TqxDprojModuleInfo>(module.FileName);
+    if (unitOfName == nullptr && module.IsUnit &&
+        SameText(fs::path(module.FileName).filename().string(), wantedName))
+      unitOfName = &module.FileName;
+  }
+  return unitOfName ? std::make_shared<TqxDprojModuleInfo>(*unitOfName) : nullptr;
 }
 
 void TqxDprojProject::AddFile(const std::string& fileName, bool isUnit) {

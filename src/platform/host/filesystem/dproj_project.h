@@ -32,9 +32,11 @@ public:
   std::string GetFileName() const override { return FFileName; }
   TGUID GetProjectGUID() const override { return FGuid; }
   std::string GetFrameworkType() const override { return FFrameworkType; }
+  // The module at that full name, ignoring case; failing that, the unit of the
+  // same file name wherever the project keeps it.
   std::shared_ptr<IOTAModuleInfo> FindModuleInfo(const std::string& fileName) const override;
   // Enters the file as a DCCReference (a unit) or a None item, behind the last
-  // unit; a file that is already a module is left as it is.
+  // unit; a file that FindModuleInfo finds is left as it is.
   void AddFile(const std::string& fileName, bool isUnit) override;
   void MarkModified() override;
   int AddNotifier(std::shared_ptr<IOTAModuleNotifier> notifier) override;
@@ -61,10 +63,16 @@ public:
   std::function<void()> FOnModified;
 
 private:
+  struct TModule {
+    std::string FileName;
+    bool IsUnit;
+  };
+
   explicit TqxDprojProject(std::unique_ptr<TqxDprojDocument> document);
   void ReadProperties();
   std::string FullPathOf(const std::string& include) const;
   std::string IncludeFor(const std::string& fileName) const;
+  std::vector<TModule> Modules() const;
 
   std::unique_ptr<TqxDprojDocument> FDocument;
   std::shared_ptr<TqxDprojDeployment> FDeployment;

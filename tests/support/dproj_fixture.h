@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -9,21 +10,32 @@
 
 namespace qx::test {
 
-// Copies project files from the test data into a fresh temporary folder.
+// A fresh temporary folder per test, with project files copied in from the
+// test data.
 class DprojFixture : public ::testing::Test {
 protected:
   void SetUp() override {
     FDir = std::filesystem::temp_directory_path() /
-           ("qx_host_" + std::to_string(::getpid()) + "_" +
+           ("qx_dproj_" + std::to_string(::getpid()) + "_" +
             ::testing::UnitTest::GetInstance()->current_test_info()->name());
     std::filesystem::remove_all(FDir);
     std::filesystem::create_directories(FDir);
   }
   void TearDown() override { std::filesystem::remove_all(FDir); }
 
-  std::string Copy(const std::string& dataName) {
-    auto target = FDir / dataName;
+  // The copy of tests/data/dproj/<dataName> at FDir/<name>, by default under
+  // its own name.
+  std::string Copy(const std::string& dataName, const std::string& name = "") {
+    const auto target = FDir / (name.empty() ? dataName : name);
+    std::filesystem::create_directories(target.parent_path());
     std::filesystem::copy_file(std::filesystem::path(QX_TEST_DATA_DIR) / "dproj" / dataName, target);
+    return target.string();
+  }
+  // Writes a small file, making its folders.
+  std::string Touch(const std::string& relativeName, const std::string& bytes = "x") {
+    const auto target = FDir / relativeName;
+    std::filesystem::create_directories(target.parent_path());
+    std::ofstream(target, std::ios::binary) << bytes;
     return target.string();
   }
   static std::string Read(const std::string& fileName) {
@@ -32,8 +44,9 @@ protected:
     bytes << in.rdbuf();
     return bytes.str();
   }
-  static std::string ReadData(const std::string& dataName) {
-    return Read((std::filesystem::path(QX_TEST_DATA_DIR) / "dproj" / dataName).string());
+  // A file of tests/data, by its path there.
+  static std::string ReadData(const std::string& dataPath) {
+    return Read((std::filesystem::path(QX_TEST_DATA_DIR) / dataPath).string());
   }
 
   // The text with insertion placed right behind the one occurrence of anchor.
