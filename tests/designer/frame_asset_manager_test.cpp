@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "kinds/assets_editors_manager.h"
+#include "platform/core/assets/asset_bitmap_set.h"
 #include "platform/core/assets/asset_color.h"
 #include "platform/core/assets/asset_file.h"
 #include "platform/core/base/exception.h"
@@ -194,5 +195,35 @@ TEST_F(FrameAssetManagerTest, HostileNamesAndLinksAreRefusedAndNothingOutsideThe
   EXPECT_EQ(ListTree(outside.Path()), before);
 }
 
+TEST_F(FrameAssetManagerTest, OnlyTheFolderNodesOfALoadMarkTheDocumentModified) {
+  // At top level: the load drops the redundant Android variant and gives the
+  // set its missing scales, and neither is an edit.
+  WriteText(Assets() / "config.json",
+            R"({"format": "quorvex-assets-config", "version": 1, "platforms": ["any", "android", "ios"],
+                "assets": [{"name": "Accent", "kind": "color", "variants": [
+                              {"platform": "any", "deviceClass": "any", "color": "#FF2196F3"},
+                              {"platform": "android", "deviceClass": "any", "color": "#FF2196F3"}]},
+                           {"name": "Logo", "kind": "bitmap-set", "variants": [
+                              {"platform": "any", "deviceClass": "any", "bitmaps": [{"scale": 1.0, "uri": ""}]}]}]})");
+  FDesigner.Load();
+  EXPECT_EQ(FDesigner.GetAssetsManager().Count(), 2u);
+  auto* logo = dynamic_cast<TqxAssetBitmapSet*>(FDesigner.GetAssetsManager().FindExact("Logo", 0, 0));
+  ASSERT_NE(logo, nullptr);
+  EXPECT_EQ(logo->GetBitmapInfos().size(), 5u);
+  EXPECT_FALSE(FDesigner.GetModified());
+
+  // The example keeps its assets in folders: the nodes made for them mark it,
+  // as the first load of any such project does.
+  test::TTempFolder demo("demo");
+  fs::copy(fs::path(QX_SOURCE_DIR) / "examples" / "Demo", demo.Path(), fs::copy_options::recursive);
+  TFrameAssetManager designer;
+  bool markedWhileLoading = false;
+  designer.FOnModifiedChanged = [&] { markedWhileLoading = designer.State().Contains(TqxState::Loading); };
+  designer.SetProject(TqxDprojProject::Open((demo / "Demo.dproj").string()));
+  EXPECT_TRUE(designer.GetModified());
+  EXPECT_TRUE(markedWhileLoading);
+}
+
 }  // namespace
 }  // namespace qx
+
