@@ -55,12 +55,13 @@ std::vector<TqxTextEdit> TqxDprojDeployment::BuildEdits(const TqxDprojDocument& 
   // order they were entered.
   std::vector<std::vector<const TqxDeploymentEntry*>> groups;
   std::map<std::tuple<std::string, std::string, std::string>, std::size_t> groupOf;
-  for (const auto& [entry, key] : FEntries) {
+  for (const auto& slot : FEntries) {
+    const TqxDeploymentKey& key = slot.Key();
     if (written.count(key) != 0) continue;
     auto [group, added] =
         groupOf.try_emplace({key.LocalName, key.Configuration, key.DeploymentClass}, groups.size());
     if (added) groups.emplace_back();
-    groups[group->second].push_back(entry.get());
+    groups[group->second].push_back(slot.Entry.get());
   }
   if (!groups.empty()) edits.push_back(xml.InsertDeployFiles(groups));
   return edits;
@@ -82,7 +83,7 @@ std::optional<TqxDeploymentEntry> TqxDprojDeployment::Find(const TqxDeploymentKe
 void TqxDprojDeployment::RemoveFilesOfClass(const std::string& deploymentClass) {
   for (auto slot = FEntries.begin(); slot != FEntries.end();) {
     auto next = std::next(slot);
-    if (slot->Key.DeploymentClass == deploymentClass) Erase(slot);
+    if (slot->Key().DeploymentClass == deploymentClass) Erase(slot);
     slot = next;
   }
 }
@@ -106,7 +107,7 @@ void TqxDprojDeployment::RemoveFile(const std::string& configuration, const std:
   while (it != FByKey.end() && it->first.LocalName == localName &&
          it->first.Configuration == configuration) {
     auto slot = (it++)->second;
-    if (slot->Key.Platform == platform) Erase(slot);
+    if (slot->Key().Platform == platform) Erase(slot);
   }
 }
 
@@ -119,23 +120,26 @@ void TqxDprojDeployment::KeyChanged(const std::shared_ptr<TqxDeploymentEntry>& e
   auto found = FByEntry.find(entry.get());
   if (found == FByEntry.end()) return;
   auto slot = found->second;
-  TqxDeploymentKey key = entry->Key();
-  if (slot->Key == key) return;
-  FByKey.erase(slot->Key);
-  EraseKey(key);
-  slot->Key = std::move(key);
-  FByKey.emplace(slot->Key, slot);
+  const TqxDeploymentKey& indexed = slot->Key();
+  // Setters mostly repeat what the entry holds: no key is built for them.
+  if (entry->LocalName == indexed.LocalName && entry->Configuration == indexed.Configuration &&
+      entry->DeploymentClass == indexed.DeploymentClass && entry->Platform == indexed.Platform)
+    return;
+  auto node = FByKey.extract(slot->Indexed);
+  node.key() = entry->Key();
+  EraseKey(node.key());
+  slot->Indexed = FByKey.insert(std::move(node)).position;
 }
 
 void TqxDprojDeployment::Insert(std::shared_ptr<TqxDeploymentEntry> entry) {
   TqxDeploymentKey key = entry->Key();
-  auto slot = FEntries.insert(FEntries.end(), {std::move(entry), std::move(key)});
-  FByKey.emplace(slot->Key, slot);
+  auto slot = FEntries.insert(FEntries.end(), {std::move(entry), {}});
+  slot->Indexed = FByKey.emplace(std::move(key), slot).first;
   FByEntry.emplace(slot->Entry.get(), slot);
 }
 
 void TqxDprojDeployment::Erase(TSlots::iterator slot) {
-  FByKey.erase(slot->Key);
+  FByKey.erase(slot->Indexed);
   FByEntry.erase(slot->Entry.get());
   FEntries.erase(slot);
 }

@@ -47,20 +47,24 @@ public:
   void KeyChanged(const std::shared_ptr<TqxDeploymentEntry>& entry);
 
 private:
-  // An entry with the key it is indexed under: a file object changes the
-  // entry's fields first and tells KeyChanged afterwards.
+  // An entry and its place in the index, whose key is the one the entry was
+  // indexed under: a file object changes the entry's fields first and tells
+  // KeyChanged afterwards.
+  struct TSlot;
+  using TSlots = std::list<TSlot>;
+  using TIndex = std::map<TqxDeploymentKey, TSlots::iterator>;
   struct TSlot {
     std::shared_ptr<TqxDeploymentEntry> Entry;
-    TqxDeploymentKey Key;
+    TIndex::iterator Indexed;
+    const TqxDeploymentKey& Key() const { return Indexed->first; }
   };
-  using TSlots = std::list<TSlot>;
 
   void Insert(std::shared_ptr<TqxDeploymentEntry> entry);
   void Erase(TSlots::iterator slot);
   void EraseKey(const TqxDeploymentKey& key);
 
   TSlots FEntries;  // in the order of entering
-  std::map<TqxDeploymentKey, TSlots::iterator> FByKey;
+  TIndex FByKey;
   std::unordered_map<const TqxDeploymentEntry*, TSlots::iterator> FByEntry;
 };
 
