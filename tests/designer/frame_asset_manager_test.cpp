@@ -16,7 +16,6 @@ namespace qx {
 namespace {
 
 namespace fs = std::filesystem;
-using test::ListTree;
 using test::ReadText;
 using test::WriteText;
 
@@ -160,39 +159,6 @@ TEST_F(FrameAssetManagerTest, TheUnitThatCannotBeAddedOrWrittenFailsOnlyWhatFoll
   EXPECT_THROW(FDesigner.Save(false), Exception);
   EXPECT_TRUE(IdeManager().Contains("Docs\\Notes"));
   EXPECT_EQ(FProject->FMarked, 2);
-}
-
-TEST_F(FrameAssetManagerTest, HostileNamesAndLinksAreRefusedAndNothingOutsideTheProjectChanges) {
-  test::TTempFolder outside("outside");
-  WriteText(outside / "victim.txt", "victim");
-  const auto before = ListTree(outside.Path());
-  const std::string notes = (FFolder / "in" / "notes.txt").string();
-  FDesigner.Model().AddEmptyFile("Docs\\Notes")->SetUri(notes);
-
-  // A name leading out stops the save before anything is written.
-  FDesigner.Model().AddEmptyFile("..\\..\\Escaped")->SetUri(notes);
-  try {
-    FDesigner.Save(false);
-    ADD_FAILURE() << "no exception";
-  } catch (const Exception& e) {
-    EXPECT_NE(std::string(e.what()).find("..\\..\\Escaped"), std::string::npos) << e.what();
-  }
-  EXPECT_FALSE(fs::exists(Assets()));
-  EXPECT_FALSE(fs::exists(FFolder.Path().parent_path() / "Escaped"));
-  FDesigner.Model().Remove("..\\..\\Escaped");
-
-  // A link in an asset's way fails that asset alone, and is kept with what it leads to.
-  fs::create_directories(Assets());
-  fs::create_directory_symlink(outside.Path(), Assets() / "Linked");
-  FDesigner.Model().AddEmptyFile("Linked\\Inside")->SetUri(notes);
-  std::string log;
-  const int sink = TqxLog::AddSink([&](TqxLogLevel, const std::string&, const std::string& text) { log += text; });
-  FDesigner.Save(false);
-  TqxLog::RemoveSink(sink);
-  EXPECT_NE(log.find("Linked\\Inside"), std::string::npos) << log;
-  EXPECT_TRUE(fs::exists(Assets() / "Docs/Notes/default.txt"));
-  EXPECT_TRUE(fs::is_symlink(Assets() / "Linked"));
-  EXPECT_EQ(ListTree(outside.Path()), before);
 }
 
 TEST_F(FrameAssetManagerTest, OnlyTheFolderNodesOfALoadMarkTheDocumentModified) {

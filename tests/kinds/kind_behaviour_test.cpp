@@ -18,31 +18,11 @@
 namespace qx {
 namespace {
 
-using Option = TqxAssetEditorOption;
 using test::DataFile;
 
 IQuorvexAssetEditor& Editor(const TqxAssetType& type) {
   RegisterAssetEditors();
   return TqxAssetsEditorsManager::Instance().Editors(type);
-}
-
-TEST(AssetKindsTest, OptionsAndStockImages) {
-  struct Row {
-    const char* Type;
-    TqxAssetEditorOptions Options;
-    int ImageIndex;
-  };
-  const Row rows[] = {
-      {"color", {Option::UniquePreview}, -1},  {"bitmap-set", {Option::UniquePreview}, -1},
-      {"font", {}, 1},                         {"lottie-json", {}, 3},
-      {"style", {}, 4},                        {"svg", {Option::UniquePreview}, -1},
-      {"file", {}, 2},                         {"theme-container", {Option::AssetContainer}, 4},
-  };
-  for (const Row& row : rows) {
-    EXPECT_EQ(Editor(row.Type).GetOptions(), row.Options) << row.Type;
-    EXPECT_EQ(Editor(row.Type).GetPreviewImageIndex(), row.ImageIndex) << row.Type;
-  }
-  EXPECT_FALSE(TqxAssetEditorOptions{Option::UniquePreview}.Contains(Option::AssetContainer));
 }
 
 TEST(AssetKindsTest, SizeTexts) {

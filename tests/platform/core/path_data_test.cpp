@@ -200,14 +200,6 @@ TEST(PathDataTest, TryParseKeepsTheSegmentsBeforeTheError) {
   EXPECT_EQ(Dump(path), "M5,5");
 }
 
-TEST(PathDataTest, LongInputReadsInLinearTime) {
-  std::string text = "M0 0";
-  for (int i = 0; i < 200000; ++i) text += "l1-1 1 1";
-  const TqxPathData path = TqxPathData::Parse(text);
-  EXPECT_EQ(path.Commands().size(), 400001u);
-  EXPECT_EQ(path.CurrentPoint(), (TPointF{400000, 0}));
-}
-
 TEST(PathDataTest, BuildingStartsAtOriginAndReopensAfterClose) {
   TqxPathData path;
   path.LineTo({5, 5});

@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <zlib.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -157,19 +156,6 @@ TEST(VectorFileTest, RoundTripKeepsEveryCommandAndField) {
   TqxVectorDocument fromStream;
   fromStream.LoadFromStream(stream);
   ExpectSameDocument(fromStream, saved);
-}
-
-TEST(VectorFileTest, NumbersAreLittleEndianSingles) {
-  TqxVectorDocument document;
-  document.Size = {1, 0.1};
-  const std::string bytes = TqxVectorFile::Encode(document);
-  EXPECT_EQ(bytes.substr(0, 12), std::string("QXVECTOR\x01\x00\x00\x00", 12));
-  EXPECT_EQ(bytes.substr(16, 4), std::string("\x00\x00\x80\x3F", 4));  // 1.0f
-
-  // Doubles are narrowed to Singles on the way out.
-  TqxVectorDocument loaded;
-  TqxVectorFile::Decode(loaded, bytes, "memory");
-  EXPECT_EQ(loaded.Size.Height, static_cast<double>(0.1f));
 }
 
 TEST(VectorFileTest, GoldenFileStaysReadableAndStable) {
