@@ -59,7 +59,13 @@ TqxAssetsModel& TqxAssetTree::Model() const { return FFrame.Model(); }
 bool TqxAssetTree::IsLoading() const { return FFrame.State().Contains(TqxState::Loading); }
 bool TqxAssetTree::IsRenaming() const { return FFrame.State().Contains(TqxState::Renaming); }
 
-void TqxAssetTree::SortAll() { VTResources.SortTree(0, TSortDirection::sdAscending); }
+void TqxAssetTree::SortAll() {
+  // A load sorts once, when every node is in: sorting the whole tree after
+  // each node made loading a large project quadratic.
+  if (!IsLoading()) SortTree();
+}
+
+void TqxAssetTree::SortTree() { VTResources.SortTree(0, TSortDirection::sdAscending); }
 
 // ---------------------------------------------------------------- building
 
@@ -90,6 +96,7 @@ void TqxAssetTree::Build() {
       TqxLog::Trace(TFrameAssetManager::kLogTag, "Не могу добавить узел ресурса в дерево: e=\"%s\"", {e.what()});
     }
   }
+  SortTree();
 }
 
 void TqxAssetTree::RestoreBitmapScales(TqxAssetGroup& AGroup) {

@@ -123,6 +123,7 @@ private:
   void AddStockImages();
   void RestoreBitmapScales(TqxAssetGroup& AGroup);
   void SortAll();
+  void SortTree();
   bool SelectedViewsContain(TVirtualNode* ANode) const;
   bool StillInTree(TVirtualNode* ANode) const;
   int AddPreview(TqxAsset* AAsset, const TqxBitmap* APreview);

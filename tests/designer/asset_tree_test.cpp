@@ -58,13 +58,16 @@ TEST_F(AssetTreeTest, LoadPutsThemesFirstSoMembersJoinThemAndRestoresBitmapScale
   Model().AddAsset(std::move(set));
   // Added member first, the theme stands beside a folder of the same name.
   EXPECT_EQ(Dump(), "Dark{Primary} Dark<> Logo");
+  // The manager's order, which ignores case, is not the tree's.
+  Model().AddColor("a", 0);
+  Model().AddColor("Zeta\\x", 0);
 
   Frame.Load();
-  EXPECT_EQ(Dump(), "Dark<Primary> Logo");
+  EXPECT_EQ(Dump(), "Dark<Primary> Zeta{x} Logo a");
   EXPECT_EQ(logo->GetBitmapInfos().size(), 5u);
-  EXPECT_EQ(Tree().il24x24.Count(), TqxAssetTree::kStockImageCount + 2) << "previews of the colour and the set";
+  EXPECT_EQ(Tree().il24x24.Count(), TqxAssetTree::kStockImageCount + 4) << "previews of the colours and the set";
   Frame.Load();
-  EXPECT_EQ(Tree().il24x24.Count(), TqxAssetTree::kStockImageCount + 2) << "a reload drops the earlier previews";
+  EXPECT_EQ(Tree().il24x24.Count(), TqxAssetTree::kStockImageCount + 4) << "a reload drops the earlier previews";
 }
 
 TEST_F(AssetTreeTest, ModelEventsMoveAndDropNodes) {
