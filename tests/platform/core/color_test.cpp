@@ -7,17 +7,6 @@
 namespace qx {
 namespace {
 
-TEST(ColorTest, ChannelsAndConstruction) {
-  const TAlphaColor c = MakeColor(0x12, 0x34, 0x56, 0x78);
-  EXPECT_EQ(c, 0x78123456u);
-  EXPECT_EQ(AlphaOf(c), 0x78);
-  EXPECT_EQ(RedOf(c), 0x12);
-  EXPECT_EQ(GreenOf(c), 0x34);
-  EXPECT_EQ(BlueOf(c), 0x56);
-  EXPECT_EQ(MakeColor(1, 2, 3), 0xFF010203u);
-  EXPECT_EQ(WithAlpha(0xFF102030, 0x80), 0x80102030u);
-}
-
 TEST(ColorTest, TextFormsAndParsing) {
   EXPECT_EQ(TAlphaColorHelper::ToDisplayString(0xFFFF8000), "#FF8000");
   EXPECT_EQ(TAlphaColorHelper::ToDisplayString(0x80ff8000), "#80FF8000");

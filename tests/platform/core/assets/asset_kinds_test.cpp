@@ -87,11 +87,6 @@ TEST(AssetLinkTest, DefaultGivenAsThemeAndNameOrAsFullName) {
   link.SetDefault("", "");
   EXPECT_FALSE(link.HasDefault());
   EXPECT_EQ(link.GetDefaultThemeAssetName(), "");
-  link.SetName("Brand\\Red");
-  EXPECT_EQ(link.GetName(), "Brand\\Red");
-  const TqxAssetLink* base = &link;
-  EXPECT_NE(dynamic_cast<const TqxAssetColorLink*>(base), nullptr);
-  EXPECT_EQ(dynamic_cast<const TqxAssetStyleLink*>(base), nullptr);
 }
 
 }  // namespace
