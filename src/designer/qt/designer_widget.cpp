@@ -1,0 +1,118 @@
+#include "designer/qt/designer_widget.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QShortcut>
+#include <QSizePolicy>
+#include <QSplitter>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "designer/asset_tree.h"
+#include "designer/designer_commands.h"
+#include "designer/frame_asset_manager.h"
+#include "designer/qt/assets_pane.h"
+#include "designer/qt/designer_icons.h"
+#include "platform/ui/qt/qt_actions.h"
+#include "platform/ui/qt/qt_tree_view.h"
+
+namespace qx {
+namespace {
+constexpr int kMinimumTreeWidth = 200;
+}
+
+TqxDesignerWidget::TqxDesignerWidget(TFrameAssetManager& frame, QWidget* parent)
+    : QWidget(parent), FFrame(frame) {
+  setObjectName("FrameAssetManager");
+  TqxAssetTree& tree = frame.Tree();
+  PaintDesignerIcons(frame.Commands().ImageCollection);
+  PaintDesignerIcons(tree.il24x24);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  CreateToolBar();
+  layout->addWidget(FToolBar);
+
+  FSplitter = new QSplitter(Qt::Horizontal, this);
+  FSplitter->setChildrenCollapsible(false);
+  FTreeView = new TqxQtTreeView(tree.VTResources, FSplitter);
+  FTreeView->setObjectName("VTResources");
+  FTreeView->setMinimumWidth(kMinimumTreeWidth);
+  FTreeView->SetPopupMenu(&frame.Commands().pmTreeView);
+  FPane = new TqxAssetsPane(tree, FSplitter);
+  FSplitter->addWidget(FTreeView);
+  FSplitter->addWidget(FPane);
+  FSplitter->setStretchFactor(0, 0);
+  FSplitter->setStretchFactor(1, 1);
+  FSplitter->setSizes({tree.TreeWidth, 1000});
+  layout->addWidget(FSplitter, 1);
+
+  CreateShortcuts();
+  ConnectTree();
+  FPane->Rebuild();
+}
+
+TqxDesignerWidget::~TqxDesignerWidget() {
+  TqxAssetTree& tree = FFrame.Tree();
+  tree.FOnSelectedViewsChanged = nullptr;
+  tree.FOnRefreshTitle = nullptr;
+  tree.FOnViewRemoved = nullptr;
+  FFrame.FOnModifiedChanged = nullptr;
+}
+
+void TqxDesignerWidget::CreateToolBar() {
+  TqxDesignerCommands& commands = FFrame.Commands();
+  FToolBar = new QToolBar(this);
+  FToolBar->setObjectName("ToolBar");
+  FToolBar->setIconSize(QSize(24, 24));
+  for (const TqxToolButton& entry : commands.ToolBar) {
+    if (entry.IsSeparator()) {
+      FToolBar->addSeparator();
+    } else {
+      auto* button = CreateToolButton(*entry.Action, &commands.ImageCollection, entry.DropDown, FToolBar);
+      button->setObjectName(QString::fromStdString(entry.Action->Name));
+      // A hidden action keeps no place on the bar, drop-down included.
+      QAction* place = FToolBar->addWidget(button);
+      QAction* shown = button->defaultAction();
+      place->setVisible(shown->isVisible());
+      connect(shown, &QAction::changed, place, [place, shown] { place->setVisible(shown->isVisible()); });
+    }
+  }
+  auto* spacer = new QWidget(FToolBar);
+  spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  FToolBar->addWidget(spacer);
+  auto* save = CreateToolButton(*commands.ActionSave, &commands.ImageCollection, nullptr, FToolBar);
+  save->setObjectName(QString::fromStdString(commands.ActionSave->Name));
+  save->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  FToolBar->addWidget(save);
+}
+
+QToolButton* TqxDesignerWidget::ButtonOf(const TAction* action) const {
+  return action ? FToolBar->findChild<QToolButton*>(QString::fromStdString(action->Name)) : nullptr;
+}
+
+void TqxDesignerWidget::CreateShortcuts() {
+  // Delete and F2 are the tree's own keys; saving works wherever the focus is
+  // inside the designer.
+  auto* save = new QShortcut(QKeySequence::Save, this);
+  save->setContext(Qt::WidgetWithChildrenShortcut);
+  TAction* action = FFrame.Commands().ActionSave;
+  connect(save, &QShortcut::activated, this, [this, action] {
+    FFrame.Commands().ActionListUpdate();
+    action->Execute();
+  });
+}
+
+void TqxDesignerWidget::ConnectTree() {
+  TqxAssetTree& tree = FFrame.Tree();
+  tree.FOnSelectedViewsChanged = [this] { FPane->Rebuild(); };
+  tree.FOnRefreshTitle = [this](TVirtualNode* node) { FPane->RefreshTitle(node); };
+  tree.FOnViewRemoved = [this](TVirtualNode* node) { FPane->RemoveView(node); };
+  FFrame.FOnModifiedChanged = [this] { emit modifiedChanged(FFrame.GetModified()); };
+  connect(FSplitter, &QSplitter::splitterMoved, this,
+          [this] { FFrame.Tree().TreeWidth = FSplitter->sizes().value(0); });
+}
+
+}  // namespace qx
