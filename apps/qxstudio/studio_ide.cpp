@@ -167,6 +167,7 @@ void TqxStudioIde::Shutdown() {
 std::shared_ptr<IOTAProject> TqxStudioIde::OpenProject(const std::string& fileName) {
   try {
     auto project = FHost->OpenProject(fileName);
+    TqxLog::Trace(kLogTag, "Project opened: fileName=\"%s\"", {project->GetFileName()});
     FRecent.Add(fileName);
     FillRecentMenu();
     ProjectsChanged();
