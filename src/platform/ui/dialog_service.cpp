@@ -54,4 +54,9 @@ bool OpenFolderDialog(const TOpenDialogOptions& options, std::vector<std::string
   return Service().OpenFolderDialog(options, folderNames);
 }
 
+bool SaveFileDialog(const TOpenDialogOptions& options, std::string& fileName) {
+  fileName.clear();
+  return Service().SaveFileDialog(options, fileName);
+}
+
 }  // namespace qx

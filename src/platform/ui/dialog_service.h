@@ -50,6 +50,9 @@ public:
   // Folders only; several at a time when the options allow it.
   virtual bool OpenFolderDialog(const TOpenDialogOptions& options,
                                 std::vector<std::string>& folderNames) = 0;
+  // Answers false on cancel; fileName holds the chosen name otherwise. The
+  // file need not exist (MustExist is ignored).
+  virtual bool SaveFileDialog(const TOpenDialogOptions& options, std::string& fileName) = 0;
 };
 
 // The installed service's answer. Without a service this raises Exception:
@@ -58,5 +61,6 @@ TModalResult MessageDlg(const std::string& message, TMsgDlgType type, TMsgDlgBut
                         int helpContext = 0);
 bool OpenFileDialog(const TOpenDialogOptions& options, std::vector<std::string>& fileNames);
 bool OpenFolderDialog(const TOpenDialogOptions& options, std::vector<std::string>& folderNames);
+bool SaveFileDialog(const TOpenDialogOptions& options, std::string& fileName);
 
 }  // namespace qx

@@ -24,7 +24,8 @@ TMsgDlgButtons ButtonOf(TModalResult result) {
 }  // namespace
 
 int TqxScriptedDialogs::PendingAnswers() const {
-  return static_cast<int>(FMessageAnswers.size() + FFileAnswers.size() + FFolderAnswers.size());
+  return static_cast<int>(FMessageAnswers.size() + FFileAnswers.size() + FFolderAnswers.size() +
+                          FSaveAnswers.size());
 }
 
 TModalResult TqxScriptedDialogs::MessageDlg(const std::string& message, TMsgDlgType type,
@@ -64,6 +65,14 @@ bool TqxScriptedDialogs::OpenFolderDialog(const TOpenDialogOptions& options,
   bool confirmed = TakePaths(FFolderAnswers, "open-folder", folderNames);
   if (confirmed && !options.MultiSelect && folderNames.size() > 1)
     throw Exception("Scripted answer picks several folders in a single-folder dialog");
+  return confirmed;
+}
+
+bool TqxScriptedDialogs::SaveFileDialog(const TOpenDialogOptions& options, std::string& fileName) {
+  FShown.push_back({TKind::SaveFile, options.Title, TMsgDlgType::mtCustom, 0, options});
+  std::vector<std::string> names;
+  bool confirmed = TakePaths(FSaveAnswers, "save-file", names);
+  if (confirmed) fileName = names.at(0);
   return confirmed;
 }
 

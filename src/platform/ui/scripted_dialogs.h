@@ -13,7 +13,7 @@ namespace qx {
 // dialog's buttons, raises Exception, so an unexpected question fails the test.
 class TqxScriptedDialogs : public IqxDialogService {
 public:
-  enum class TKind { Message, OpenFile, OpenFolder };
+  enum class TKind { Message, OpenFile, OpenFolder, SaveFile };
   struct TShown {
     TKind Kind;
     std::string Message;
@@ -27,6 +27,8 @@ public:
   void CancelOpenFile() { FFileAnswers.push_back({false, {}}); }
   void AnswerOpenFolder(std::vector<std::string> folders) { FFolderAnswers.push_back({true, std::move(folders)}); }
   void CancelOpenFolder() { FFolderAnswers.push_back({false, {}}); }
+  void AnswerSaveFile(std::string fileName) { FSaveAnswers.push_back({true, {std::move(fileName)}}); }
+  void CancelSaveFile() { FSaveAnswers.push_back({false, {}}); }
 
   const std::vector<TShown>& Shown() const { return FShown; }
   // Answers scripted and not asked for yet.
@@ -36,6 +38,7 @@ public:
                           int helpContext) override;
   bool OpenFileDialog(const TOpenDialogOptions& options, std::vector<std::string>& fileNames) override;
   bool OpenFolderDialog(const TOpenDialogOptions& options, std::vector<std::string>& folderNames) override;
+  bool SaveFileDialog(const TOpenDialogOptions& options, std::string& fileName) override;
 
 private:
   struct TPathAnswer {
@@ -45,7 +48,7 @@ private:
   bool TakePaths(std::deque<TPathAnswer>& answers, const char* what, std::vector<std::string>& out);
 
   std::deque<TModalResult> FMessageAnswers;
-  std::deque<TPathAnswer> FFileAnswers, FFolderAnswers;
+  std::deque<TPathAnswer> FFileAnswers, FFolderAnswers, FSaveAnswers;
   std::vector<TShown> FShown;
 };
 

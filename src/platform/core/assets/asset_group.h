@@ -15,6 +15,8 @@ public:
   explicit TqxAssetGroup(TqxAssetName name) : FName(std::move(name)) {}
 
   const TqxAssetName& Name() const { return FName; }
+  // After its variants were renamed.
+  void SetName(TqxAssetName name) { FName = std::move(name); }
   const std::vector<TqxAsset*>& Items() const& { return FItems; }
   std::vector<TqxAsset*>& Items() & { return FItems; }
   // By value on a temporary group, so `for (auto* a : model.GetAssets(n).Items())` is safe.

@@ -77,6 +77,16 @@ bool TqxQtDialogService::OpenFileDialog(const TOpenDialogOptions& options, std::
   return !fileNames.empty();
 }
 
+bool TqxQtDialogService::SaveFileDialog(const TOpenDialogOptions& options, std::string& fileName) {
+  QFileDialog dialog(FParent, QString::fromStdString(options.Title), QString::fromStdString(options.InitialDir),
+                     ToQtFilter(options.Filter));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
+  fileName = dialog.selectedFiles().first().toStdString();
+  return true;
+}
+
 bool TqxQtDialogService::OpenFolderDialog(const TOpenDialogOptions& options,
                                           std::vector<std::string>& folderNames) {
   QFileDialog dialog(FParent, QString::fromStdString(options.Title), QString::fromStdString(options.InitialDir));

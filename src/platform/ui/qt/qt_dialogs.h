@@ -17,6 +17,7 @@ public:
                           int helpContext) override;
   bool OpenFileDialog(const TOpenDialogOptions& options, std::vector<std::string>& fileNames) override;
   bool OpenFolderDialog(const TOpenDialogOptions& options, std::vector<std::string>& folderNames) override;
+  bool SaveFileDialog(const TOpenDialogOptions& options, std::string& fileName) override;
 
   // "Images (*.png)|*.png" as Qt writes it: "Images (*.png) (*.png)".
   static QString ToQtFilter(const std::string& filter);
