@@ -2,6 +2,7 @@
 
 #include <exception>
 
+#include "kinds/asset_editor_frames.h"
 #include "kinds/asset_folder.h"
 #include "kinds/asset_previews.h"
 #include "platform/core/assets/asset_bitmap_set.h"
@@ -69,8 +70,7 @@ std::unique_ptr<TqxBitmap> TqxAssetEditorBitmapSet::GeneratePreview(TqxAsset* AR
 }
 
 std::shared_ptr<TBaseAssetEditorFrame> TqxAssetEditorBitmapSet::CreateEditor(TqxAsset* AAsset) const {
-  Checked(AAsset, "AAsset");
-  return nullptr;
+  return TqxAssetEditorFrames::Instance().Create(Checked(AAsset, "AAsset"));
 }
 
 TqxFileNames TqxAssetEditorBitmapSet::SaveTo(TqxAsset* AAsset, const std::string& ARootPath) const {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <sstream>
 
+#include "kinds/asset_editor_frames.h"
 #include "kinds/asset_previews.h"
 #include "kinds/file_asset_editors.h"
 #include "platform/core/assets/asset_svg.h"
@@ -54,8 +55,7 @@ std::unique_ptr<TqxBitmap> TqxAssetEditorSVG::GeneratePreview(TqxAsset* AResourc
 }
 
 std::shared_ptr<TBaseAssetEditorFrame> TqxAssetEditorSVG::CreateEditor(TqxAsset* AAsset) const {
-  Checked(AAsset, "AAsset");
-  return nullptr;
+  return TqxAssetEditorFrames::Instance().Create(Checked(AAsset, "AAsset"));
 }
 
 TqxFileNames TqxAssetEditorSVG::SaveTo(TqxAsset* AAsset, const std::string& ARootPath) const {

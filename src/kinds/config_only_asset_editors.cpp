@@ -1,5 +1,6 @@
 #include "kinds/config_only_asset_editors.h"
 
+#include "kinds/asset_editor_frames.h"
 #include "kinds/asset_previews.h"
 #include "platform/core/assets/asset_color.h"
 #include "platform/core/assets/asset_theme_container.h"
@@ -24,8 +25,7 @@ std::unique_ptr<TqxBitmap> TqxAssetEditorColor::GeneratePreview(TqxAsset* AResou
 }
 
 std::shared_ptr<TBaseAssetEditorFrame> TqxAssetEditorColor::CreateEditor(TqxAsset* AAsset) const {
-  Checked(AAsset, "AAsset");
-  return nullptr;
+  return TqxAssetEditorFrames::Instance().Create(Checked(AAsset, "AAsset"));
 }
 
 TqxFileNames TqxAssetEditorColor::SaveTo(TqxAsset* AAsset, const std::string&) const {

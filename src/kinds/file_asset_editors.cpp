@@ -1,4 +1,5 @@
 #include "kinds/file_asset_editors.h"
+#include "kinds/asset_editor_frames.h"
 
 #include <filesystem>
 
@@ -38,8 +39,7 @@ std::unique_ptr<TqxBitmap> TqxAssetEditorWithFile::GeneratePreview(TqxAsset* ARe
 }
 
 std::shared_ptr<TBaseAssetEditorFrame> TqxAssetEditorWithFile::CreateEditor(TqxAsset* AAsset) const {
-  Checked(AAsset, "AAsset");
-  return nullptr;
+  return TqxAssetEditorFrames::Instance().Create(Checked(AAsset, "AAsset"));
 }
 
 TqxFileNames TqxAssetEditorWithFile::SaveTo(TqxAsset* AAsset, const std::string& ARootPath) const {
