@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "frames/register_frames.h"
 #include "generators/assets_deployment.h"
 #include "kinds/assets_editors_manager.h"
 #include "package/assets_manager_view.h"
@@ -14,8 +15,9 @@ namespace qx {
 void Register() {
   // What the package's units set up when it loads: the asset kinds, the table
   // of open designer views (a function-local table, ready on first use) and
-  // the shared images.
+  // the shared images. The kinds' edit frames follow the kinds.
   RegisterAssetEditors();
+  RegisterAssetEditorFrames();
   AssetsManagerViews();
   InitializeDesignerDataModule();
 
