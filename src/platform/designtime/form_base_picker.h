@@ -27,6 +27,8 @@ public:
 
   // Raised by Change; set before showing.
   TNotifyEvent OnChange;
+  // For the widget that shows the picker: raised by Change after OnChange.
+  std::function<void()> OnRefreshView;
 
   // Shows the picker at the control and gives it to the popup service;
   // answers the picker, which lives until the popup closes.
@@ -48,6 +50,7 @@ public:
 protected:
   void Change() {
     if (OnChange) OnChange(this);
+    if (OnRefreshView) OnRefreshView();
   }
   virtual bool DoCanClose() { return true; }
 

@@ -42,10 +42,12 @@ TqxQtUi::TqxQtUi() : FIdlePump(std::make_unique<TqxQtIdlePump>()) {
   auto& services = TqxUiServices::Instance();
   FOldDialogs = services.Dialogs();
   FOldClipboard = services.Clipboard();
+  FOldPopups = services.Popups();
   FOldQueue = &services.Queue();
   FOldTimers = &services.Timers();
   services.SetDialogs(&Dialogs);
   services.SetClipboard(&Clipboard);
+  services.SetPopups(&Popups);
   services.SetQueue(&Queue);
   services.SetTimers(&Timers);
 }
@@ -54,6 +56,7 @@ TqxQtUi::~TqxQtUi() {
   auto& services = TqxUiServices::Instance();
   services.SetDialogs(FOldDialogs);
   services.SetClipboard(FOldClipboard);
+  services.SetPopups(FOldPopups);
   services.SetQueue(FOldQueue);
   services.SetTimers(FOldTimers);
 }

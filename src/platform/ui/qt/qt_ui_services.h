@@ -9,6 +9,7 @@
 #include "platform/ui/main_thread_queue.h"
 #include "platform/ui/qt/qt_actions.h"
 #include "platform/ui/qt/qt_dialogs.h"
+#include "platform/ui/qt/qt_popups.h"
 #include "platform/ui/timer.h"
 
 namespace qx {
@@ -49,11 +50,13 @@ public:
   TqxQtMainThreadQueue Queue;
   TqxQtTimerService Timers;
   TqxQtClipboard Clipboard;
+  TqxQtPopupService Popups;
 
 private:
   std::unique_ptr<TqxQtIdlePump> FIdlePump;
   IqxDialogService* FOldDialogs;
   IqxClipboardService* FOldClipboard;
+  IqxPopupService* FOldPopups;
   IqxMainThreadQueue* FOldQueue;
   IqxTimerService* FOldTimers;
 };
