@@ -2,6 +2,10 @@
 // 3.0.1, fetched by bench/fetch-material-icons.sh), against librsvg parsing and
 // rendering the same files in the same run. pugixml's parse alone is shown as
 // the floor under any DOM-based reader. The last lines give the ratios.
+//
+// Before timing, every icon that reads with Success is drawn by both and the
+// share of matching pictures is printed (svg_match.h says what matches).
+// --svg_mismatch_dir=DIR writes the worst mismatches there as PNG pairs.
 
 #include <benchmark/benchmark.h>
 #include <cairo.h>
@@ -23,6 +27,7 @@
 #include "platform/core/vector/vector_document.h"
 #include "vector/vector_bitmap_writer.h"
 #include "vector/vector_reader_svg.h"
+#include "svg_match.h"
 
 namespace {
 
@@ -30,9 +35,14 @@ namespace fs = std::filesystem;
 
 constexpr int kSide = 48;
 
-std::vector<std::string> LoadIcons() {
+const fs::path& IconRoot() {
+  static const fs::path root = fs::path(QX_BENCH_CACHE_DIR) / "material-design-icons";
+  return root;
+}
+
+std::vector<fs::path> IconPaths() {
   std::vector<fs::path> paths;
-  const fs::path root = fs::path(QX_BENCH_CACHE_DIR) / "material-design-icons";
+  const fs::path& root = IconRoot();
   std::error_code error;
   if (!fs::is_directory(root, error)) return {};
   for (const auto& entry : fs::recursive_directory_iterator(root)) {
@@ -42,8 +52,12 @@ std::vector<std::string> LoadIcons() {
       paths.push_back(entry.path());
   }
   std::sort(paths.begin(), paths.end());
+  return paths;
+}
+
+std::vector<std::string> LoadIcons() {
   std::vector<std::string> icons;
-  for (const fs::path& path : paths) {
+  for (const fs::path& path : IconPaths()) {
     std::ifstream in(path, std::ios::binary);
     icons.emplace_back(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
   }
@@ -173,10 +187,46 @@ private:
 
 }  // namespace
 
+namespace {
+
+// Takes --svg_mismatch_dir=DIR out of the arguments.
+std::string TakeMismatchDir(int& argc, char** argv) {
+  const std::string flag = "--svg_mismatch_dir=";
+  std::string dir;
+  int kept = 1;
+  for (int i = 1; i < argc; ++i) {
+    const std::string arg = argv[i];
+    if (arg.starts_with(flag))
+      dir = arg.substr(flag.size());
+    else
+      argv[kept++] = argv[i];
+  }
+  argc = kept;
+  return dir;
+}
+
+void PrintMatchShare(const std::string& mismatchDir) {
+  std::vector<std::string> names;
+  for (const fs::path& path : IconPaths()) names.push_back(fs::relative(path, IconRoot()).string());
+  const auto report = qx::bench::MatchWithLibrsvg(names, Icons(), kSide, mismatchDir);
+  using TRule = qx::bench::TsvgMatchRule;
+  std::printf("match with librsvg: %d of %d icons read with Success (of %d) match, %.2f%% (target 99%%)\n"
+              "  a pixel differs above %d/255 in a premultiplied channel; an icon matches with at most %d such pixels\n",
+              report.Matching, report.Compared, report.Files, 100 * report.Share(), TRule::kChannelTolerance,
+              TRule::kDifferingPixels);
+  for (std::size_t i = 0; i < report.Mismatches.size() && i < 10; ++i)
+    std::printf("  %-60s %4d pixels differ, up to %d\n", report.Mismatches[i].Name.c_str(),
+                report.Mismatches[i].DifferingPixels, report.Mismatches[i].MaxChannelDifference);
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
+  const std::string mismatchDir = TakeMismatchDir(argc, argv);
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   std::printf("%zu icons (*_24px.svg), drawn at %dx%d\n", Icons().size(), kSide, kSide);
+  if (!Icons().empty()) PrintMatchShare(mismatchDir);
   TRateReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   reporter.PrintRatio("read", "BM_QxRead", "BM_RsvgParse", 4.0);
