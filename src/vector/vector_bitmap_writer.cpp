@@ -130,7 +130,7 @@ bool TsvgExportFMXBitmapWithSkia::TryStrToColor(std::string_view text, TAlphaCol
 void TsvgExportFMXBitmapWithSkia::Process(TSizeF size) {
   FStrokeOpacity = 1;
   FFillOpacity = 1;
-  FCanvas->Clear(0);
+  // The bitmap was made for this drawing, so it is transparent already.
   FFill.Color = kColorBlack;
   FStroke.Color = 0;  // no stroke until a brush or gradient gives one
 
@@ -257,9 +257,7 @@ void TsvgExportFMXBitmapWithSkia::Paint(const TqxPathData& path, TsvgPaint& pain
 
 std::unique_ptr<TqxBitmap> RenderVectorDocument(const TqxVectorDocument& document, int width, int height) {
   TsvgExportFMXBitmapWithSkia writer(document, TSizeF{double(width), double(height)});
-  auto bitmap = std::make_unique<TqxBitmap>();
-  writer.SaveToBitmap(*bitmap);
-  return bitmap;
+  return std::move(writer.FBitmap);  // the writer is done with it
 }
 
 }  // namespace qx

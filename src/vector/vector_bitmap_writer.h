@@ -79,6 +79,8 @@ public:
   static bool TryStrToColor(std::string_view text, TAlphaColor& color);
 
 private:
+  friend std::unique_ptr<TqxBitmap> RenderVectorDocument(const TqxVectorDocument&, int, int);
+
   void Process(TSizeF size);
   void Dispatch(const TqxVectorCommand& command);
   void StoreCanvas();

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "platform/core/base/log.h"
 #include "vector/svg_xml_input.h"
@@ -34,7 +33,12 @@ TqxVectorReaderSVG::~TqxVectorReaderSVG() = default;
 // --- Input and class functions ---
 
 void TqxVectorReaderSVG::LoadFromStream(std::istream& AStream) {
-  LoadFromBytes({std::istreambuf_iterator<char>(AStream), std::istreambuf_iterator<char>()}, false);
+  // In blocks: a character-wise copy costs more than parsing the XML.
+  std::string bytes;
+  char block[16384];
+  while (AStream.read(block, sizeof block) || AStream.gcount() > 0)
+    bytes.append(block, static_cast<std::size_t>(AStream.gcount()));
+  LoadFromBytes(bytes, false);
 }
 
 void TqxVectorReaderSVG::LoadFromBytes(const std::string& ABytes, bool AIsText) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -198,6 +199,22 @@ TEST(PathDataTest, TryParseKeepsTheSegmentsBeforeTheError) {
   // A good parse replaces what the path held.
   EXPECT_TRUE(TqxPathData::TryParse("M5 5", path));
   EXPECT_EQ(Dump(path), "M5,5");
+}
+
+// Numbers are read on a short path for the common short decimals; every
+// value must still be the correctly rounded one, bit for bit.
+TEST(PathDataTest, NumbersReadToTheNearestDouble) {
+  const char* numbers[] = {"0.1",   "0.3",   "2.675",  "-17.99",  ".5e-3",         "9007199254740993",
+                           "1e22",  "1e23",  "123e-25", "3.14159", "0.000000000000000000000000001",
+                           "7.0e+2", "00012.50", "4503599627370497.5"};
+  for (const char* number : numbers) {
+    double expected = 0;
+    const std::string_view text(number);
+    std::from_chars(text.data() + (text[0] == '-'), text.data() + text.size(), expected);
+    if (text[0] == '-') expected = -expected;
+    const TqxPathData path = TqxPathData::Parse(std::string("M") + number + " 0");
+    EXPECT_EQ(path.Commands()[0].Points[0].X, expected) << number;
+  }
 }
 
 TEST(PathDataTest, BuildingStartsAtOriginAndReopensAfterClose) {

@@ -71,6 +71,10 @@ TEST(TextTest, Utf8Validation) {
   EXPECT_FALSE(IsValidUtf8("\xC0\xAF"));      // overlong
   EXPECT_FALSE(IsValidUtf8("\xED\xA0\x80"));  // surrogate
   EXPECT_FALSE(IsValidUtf8("\xFF"));
+  // Long ASCII runs are skipped in blocks; what follows them still counts.
+  EXPECT_TRUE(IsValidUtf8("0123456789abcdef\xC3\xA9 and more"));
+  EXPECT_FALSE(IsValidUtf8("0123456789abcdef\xC3"));
+  EXPECT_FALSE(IsValidUtf8("01234567\xFF"));
 }
 
 }  // namespace

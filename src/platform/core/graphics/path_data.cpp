@@ -170,6 +170,35 @@ TRectF TqxPathData::Bounds() const {
 
 namespace {
 
+// The digits of a decimal number as an integer, for the common case where
+// the number converts with one exact division or multiplication: at most
+// 2^53, times or divided by a power of ten that a double holds exactly. The
+// one rounding of that operation gives the correctly rounded value, the same
+// as std::from_chars, at a fraction of its cost. Path data is mostly numbers.
+class TDecimalDigits {
+public:
+  void Add(char digit) {
+    if (FValue > (kMaxExact - 9) / 10) {
+      FFits = false;
+      return;
+    }
+    FValue = FValue * 10 + std::uint64_t(digit - '0');
+  }
+
+  bool TryValue(long long exponent10, double& value) const {
+    static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    if (!FFits || exponent10 < -22 || exponent10 > 22) return false;
+    value = exponent10 < 0 ? double(FValue) / kPowers[-exponent10] : double(FValue) * kPowers[exponent10];
+    return true;
+  }
+
+private:
+  static constexpr std::uint64_t kMaxExact = std::uint64_t(1) << 53;
+  std::uint64_t FValue = 0;
+  bool FFits = true;
+};
+
 // A refusal, with the number of commands that were complete before it.
 struct TqxPathDataFailure {
   TqxPathDataError Error;
@@ -221,11 +250,13 @@ private:
     bool negative = false;
     if (p < FText.size() && (FText[p] == '+' || FText[p] == '-')) negative = FText[p++] == '-';
     const std::size_t mantissa = p;
-    std::size_t intDigits = 0, leadingZeros = 0, fracZeros = 0;
+    std::size_t intDigits = 0, leadingZeros = 0, fracZeros = 0, fracDigits = 0;
     bool nonZeroSeen = false;
+    TDecimalDigits exact;
     while (p < FText.size() && IsDigit(FText[p])) {
       if (FText[p] != '0') nonZeroSeen = true;
       (nonZeroSeen ? intDigits : leadingZeros)++;
+      exact.Add(FText[p]);
       ++p;
     }
     bool digits = intDigits + leadingZeros > 0;
@@ -234,6 +265,8 @@ private:
       while (p < FText.size() && IsDigit(FText[p])) {
         if (FText[p] != '0') nonZeroSeen = true;
         if (!nonZeroSeen) ++fracZeros;
+        exact.Add(FText[p]);
+        ++fracDigits;
         digits = true;
         ++p;
       }
@@ -255,6 +288,10 @@ private:
       // Otherwise the 'e' is not part of the number.
     }
     double value = 0;
+    if (exact.TryValue(exponent - (long long)fracDigits, value)) {
+      FPos = p;
+      return negative ? -value : value;
+    }
     const auto result = std::from_chars(FText.data() + mantissa, FText.data() + p, value);
     if (result.ec == std::errc::result_out_of_range) {
       // Decimal magnitude decides between overflow and underflow.
@@ -400,6 +437,8 @@ private:
 
 bool TqxPathData::TryParse(std::string_view text, TqxPathData& path, TqxPathDataError* error) {
   path.Clear();
+  // About one segment per eight characters of path data is typical.
+  path.FCommands.reserve(text.size() / 8);
   try {
     TqxPathDataReader(text, path).Read();
     return true;
