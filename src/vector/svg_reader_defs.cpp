@@ -107,10 +107,7 @@ void TqxVectorReaderSVG::ProcessDefs(const pugi::xml_node& ANode) {
     BeginGroup();
     ProcessTransformAttribute(ANode);
     ProcessElements(ANode);
-    // The close goes where the open went: a nested defs has cleared the flag,
-    // and this group was never opened in the drawing.
-    FIsParsingDefs = true;
-    EndGroup();
+    EndGroup(true);
   } catch (...) {
     FinishSnippet(snippet);
     throw;

@@ -294,16 +294,17 @@ void TqxVectorReaderSVG::ProcessGroup(const pugi::xml_node& ANode) {
   ReadPaintParams(ANode, params);
   TqxSnippet* snippet = ProcessSnippetAttribute(ANode);
   try {
+    const bool hidden = FIsParsingDefs;
     BeginGroup();
     try {
       ProcessPaintAttributes(ANode, params);
       ProcessTransformAttribute(ANode);
       ProcessElements(ANode);
     } catch (...) {
-      EndGroup();
+      EndGroup(hidden);
       throw;
     }
-    EndGroup();
+    EndGroup(hidden);
   } catch (...) {
     FinishSnippet(snippet);
     throw;
@@ -348,6 +349,13 @@ void TqxVectorReaderSVG::EndGroup() {
     --FOpenGroups;
   }
   for (auto& [id, snippet] : FCreatingSnippets) snippet->EndGroup();
+}
+
+void TqxVectorReaderSVG::EndGroup(bool AHidden) {
+  const bool now = FIsParsingDefs;
+  FIsParsingDefs = AHidden;
+  EndGroup();
+  FIsParsingDefs = now;
 }
 
 void TqxVectorReaderSVG::SetBrush(const TqxVectorBrush& ABrush) {

@@ -160,6 +160,10 @@ protected:
   // and to every snippet now being recorded.
   void BeginGroup();
   void EndGroup();
+  // Closes a group where it was opened, AHidden being FIsParsingDefs at its
+  // open: a defs inside the group clears the flag, and the close must not
+  // reach a document that never saw the open.
+  void EndGroup(bool AHidden);
   void SetBrush(const TqxVectorBrush& ABrush);
   void SetGradient(std::shared_ptr<const TqxVectorGradient> AGradient, bool AIsFill);
   void SetTransform(const TqxVectorTransform& ATransform);

@@ -156,6 +156,20 @@ TEST(SvgReaderUseTest, RecordingsNestAndDefsIsASwitchNotACounter) {
             Concat({after, {"{", "brush fill=#FF0000FF", "{", "transform", "{", "brush", circle, "}", "}", "}"}}));
 }
 
+TEST(SvgReaderUseTest, ADefsInAGroupInsideDefsKeepsTheDrawingBalanced) {
+  TqxVectorDocument document;
+  TestReader reader(document);
+  std::istringstream stream(R"svg(<svg width="4" height="4"><defs><g id="g" fill="red">)svg"
+                            R"svg(<defs/><rect id="r" width="1" height="1"/></g></defs></svg>)svg");
+  reader.LoadFromStream(stream);
+  EXPECT_EQ(reader.Result(), TqxResultParsing::Success) << reader.LogText();
+  // The group opened while the outer defs hid it, so it closes there too;
+  // what the inner defs let through stands on its own.
+  const Lines rect = {"{", "brush", "path M0.00, 0.00 L1.00, 0.00 1.00, 1.00 0.00, 1.00 Z", "}"};
+  EXPECT_EQ(test::Outline(document.Commands), rect);
+  EXPECT_EQ(reader.Snippet("g"), Concat({{"{", "brush fill=#FFFF0000", "{", "}"}, rect, {"}"}}));
+}
+
 TEST(SvgReaderUseTest, AUseInsideItsOwnTargetFailsTheRead) {
   TqxVectorDocument document;
   TestReader reader(document);
