@@ -10,6 +10,7 @@
 
 #include "platform/core/base/exception.h"
 #include "platform/core/base/text.h"
+#include "vector/svg_xml_entities.h"
 
 namespace qx {
 
@@ -122,9 +123,13 @@ std::unique_ptr<pugi::xml_document> LoadXmlDocument(const std::string& ABytes, b
   } else {
     const std::string encoding = DeclaredXmlEncoding(ABytes);
     const bool utf8 = IsUtf8Name(encoding) || (AIsText && IsValidUtf8(ABytes));
-    const std::string text = utf8 ? ABytes : ConvertToUtf8(ABytes, encoding);
-    if (!IsValidUtf8(text)) throw Exception("XML is not well-formed: the text is not valid UTF-8");
-    result = doc->load_buffer(text.data(), text.size(), options, pugi::encoding_utf8);
+    std::string converted;
+    if (!utf8) converted = ConvertToUtf8(ABytes, encoding);
+    const std::string* text = utf8 ? &ABytes : &converted;
+    if (!IsValidUtf8(*text)) throw Exception("XML is not well-formed: the text is not valid UTF-8");
+    std::string expanded;
+    if (ExpandXmlEntities(*text, expanded)) text = &expanded;
+    result = doc->load_buffer(text->data(), text->size(), options, pugi::encoding_utf8);
   }
   if (!result)
     throw Exception(Format("XML is not well-formed: %s at offset %d",

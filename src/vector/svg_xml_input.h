@@ -10,6 +10,8 @@ namespace qx {
 // Parses the bytes of an XML file, taking the encoding from the document
 // itself: a byte order mark or UTF-16/32 byte pattern, else the encoding named
 // in the XML declaration (converted to UTF-8 through iconv), else UTF-8.
+// Entities declared inside the DOCTYPE are expanded first (svg_xml_entities.h),
+// except in a document read in a 16- or 32-bit encoding.
 // Raises Exception when the text is not well-formed, which includes a document
 // with no root element or more than one, text beside the root, invalid UTF-8
 // and an encoding that cannot be converted.

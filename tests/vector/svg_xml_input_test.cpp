@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "platform/core/base/exception.h"
+#include "platform/core/base/text.h"
 #include "vector/vector_reader_svg.h"
 #include "svg_reader_test_util.h"
 
@@ -87,6 +88,44 @@ TEST(SvgXmlInputTest, CommentsDoctypeAndDeclarationsBesideTheRootAreFine) {
       "<svg width=\"1\" height=\"1\"><g/></svg>\n<!-- end -->\n");
   EXPECT_STREQ(doc->document_element().name(), "svg");
   EXPECT_STREQ(doc->document_element().first_child().name(), "g");
+}
+
+// What illustration programs write: namespaces and style texts declared as
+// entities in the DOCTYPE, used in attributes.
+TEST(SvgXmlInputTest, InternalEntitiesAreExpandedExternalOnesRefused) {
+  const std::string doctype =
+      "<?xml version=\"1.0\"?>\n<!DOCTYPE svg PUBLIC \"-//W3C//DTD SVG 1.1//EN\" \"svg11.dtd\" [\n"
+      "  <!ENTITY ns_svg \"http://www.w3.org/2000/svg\">\n"
+      "  <!-- a ] and > in a comment --><!ENTITY % pe \"ignored\">\n"
+      "  <!ENTITY red '#FF0000'><!ENTITY st0 \"fill:&red;\"><!ENTITY st0 \"second declaration loses\">\n"
+      "  <!ENTITY ext SYSTEM \"file:///etc/passwd\"><!ENTITY loop \"&loop;\">\n"
+      "]>\n";
+  const auto doc = LoadXmlDocument(doctype +
+                                   "<svg xmlns=\"&ns_svg;\" style=\"&st0;\" a=\"&amp;&lt;&unknown;\">"
+                                   "<!-- &ext; --><![CDATA[&st0;]]>&red;</svg>");
+  const pugi::xml_node svg = doc->document_element();
+  EXPECT_STREQ(svg.attribute("xmlns").value(), "http://www.w3.org/2000/svg");
+  EXPECT_STREQ(svg.attribute("style").value(), "fill:#FF0000");
+  EXPECT_STREQ(svg.attribute("a").value(), "&<&unknown;");
+  // The comment (which the parser drops) and the CDATA section are left alone.
+  EXPECT_STREQ(svg.first_child().value(), "&st0;");
+  EXPECT_STREQ(svg.last_child().value(), "#FF0000");
+
+  EXPECT_THROW(LoadXmlDocument(doctype + "<svg a=\"&ext;\"/>"), Exception);
+  EXPECT_THROW(LoadXmlDocument(doctype + "<svg a=\"&loop;\"/>"), Exception);
+  std::string laughs = "<!DOCTYPE svg [<!ENTITY l0 \"lol\">";
+  for (int i = 1; i < 10; ++i)
+    laughs += Format("<!ENTITY l%d \"&l%d;&l%d;&l%d;&l%d;&l%d;&l%d;&l%d;&l%d;&l%d;&l%d;\">",
+                     {i, i - 1, i - 1, i - 1, i - 1, i - 1, i - 1, i - 1, i - 1, i - 1, i - 1});
+  EXPECT_THROW(LoadXmlDocument(laughs + "]><svg a=\"&l9;\"/>"), Exception);
+
+  // Through the reader: a document styled by entities reads without a warning.
+  std::string hint;
+  EXPECT_EQ(TqxVectorReaderSVG::CheckContent(doctype + "<svg xmlns=\"&ns_svg;\" width=\"2\" height=\"2\">"
+                                                       "<rect style=\"&st0;\" width=\"1\" height=\"1\"/></svg>",
+                                             hint),
+            TqxResultParsing::Success)
+      << hint;
 }
 
 }  // namespace
