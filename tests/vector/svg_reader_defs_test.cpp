@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "command_outline.h"
+#include "command_dump.h"
 #include "platform/core/base/exception.h"
 #include "platform/core/vector/vector_document.h"
 #include "vector/vector_reader_svg.h"
@@ -23,11 +23,11 @@ public:
   using TqxVectorReaderSVG::FGradients;
   using TqxVectorReaderSVG::FSnippets;
 
-  Lines Snippet(const std::string& id) const { return test::Outline(FSnippets.at(id)->Commands); }
+  Lines Snippet(const std::string& id) const { return test::Dump(FSnippets.at(id)->Commands); }
 };
 
 const std::string kDot = "path M0,0m-1,0a1,1 0,1 1,2 0a1,1 0,1 1,-2 0";
-const Lines kDotShape = {"{", "brush fill=#FFFF0000", kDot, "}"};
+const Lines kDotShape = {"{", "brush fill=#FFFF0000 rule=nonzero", kDot, "}"};
 
 Lines Concat(std::initializer_list<Lines> parts) {
   Lines all;
@@ -77,9 +77,9 @@ TEST(SvgReaderGradientsTest, CoordinatesStopsAndTransformsAreRead) {
   EXPECT_EQ(nested.Center, (TPointF{1, 2}));
   EXPECT_EQ(nested.Radius, 0);
 
-  EXPECT_EQ(test::Outline(document.Commands),
-            (Lines{"{", "fill gradient bare", "stroke gradient later", "brush",
-                   "path M0.00, 0.00 L10.00, 0.00 10.00, 10.00 0.00, 10.00 Z", "}", "{", "brush", "}"}));
+  EXPECT_EQ(test::Dump(document.Commands),
+            (Lines{"{", "gradient bare fill", "gradient later stroke", "brush rule=nonzero",
+                   "path M0.00, 0.00 L10.00, 0.00 10.00, 10.00 0.00, 10.00 Z", "}", "{", "brush rule=nonzero", "}"}));
 }
 
 TEST(SvgReaderGradientsTest, FaultsThatEndTheRead) {
@@ -123,13 +123,13 @@ TEST(SvgReaderUseTest, UseReplaysARecordingFoundEarlierOnly) {
   reader.LoadFromFile(test::SvgDataFile("defs/use.svg"));
   EXPECT_EQ(reader.Result(), TqxResultParsing::Success) << reader.LogText();
 
-  const Lines late = {"{", "brush", "path M0,0m-2,0a2,2 0,1 1,4 0a2,2 0,1 1,-4 0", "}"};
-  const Lines pair = Concat({{"{", "brush"}, {"{"}, kDotShape, {"}"}, {"{"}, kDotShape, {"}"}, {"}"}});
+  const Lines late = {"{", "brush rule=nonzero", "path M0,0m-2,0a2,2 0,1 1,4 0a2,2 0,1 1,-4 0", "}"};
+  const Lines pair = Concat({{"{", "brush rule=nonzero"}, {"{"}, kDotShape, {"}"}, {"{"}, kDotShape, {"}"}, {"}"}});
   // The use's transform applies to the copy; x, y, width and its paint do
   // not. A use before its target, a plain href, a reference without "#" and
   // an unknown id draw nothing, in silence. Nothing of the defs is drawn.
-  EXPECT_EQ(test::Outline(document.Commands),
-            Concat({{"{", "transform", "{"}, kDotShape, {"}", "}"}, late, pair, {"{"}, pair, {"}"}}));
+  EXPECT_EQ(test::Dump(document.Commands),
+            Concat({{"{", "transform 1 0 0 1 1 2", "{"}, kDotShape, {"}", "}"}, late, pair, {"{"}, pair, {"}"}}));
   EXPECT_EQ(reader.Snippet("dot"), kDotShape);
   EXPECT_EQ(reader.Snippet("pair"), pair);
 }
@@ -143,17 +143,17 @@ TEST(SvgReaderUseTest, RecordingsNestAndDefsIsASwitchNotACounter) {
   const std::string circle = "path M0,0m-1,0a1,1 0,1 1,2 0a1,1 0,1 1,-2 0";
   // A shape's recording holds its own group but not its transform, which
   // opened outside it; the group's recording holds both.
-  EXPECT_EQ(reader.Snippet("inner"), (Lines{"{", "brush", circle, "}"}));
+  EXPECT_EQ(reader.Snippet("inner"), (Lines{"{", "brush rule=nonzero", circle, "}"}));
   EXPECT_EQ(reader.Snippet("outer"),
-            (Lines{"{", "brush fill=#FF0000FF", "{", "transform", "{", "brush", circle, "}", "}", "}"}));
+            (Lines{"{", "brush fill=#FF0000FF rule=nonzero", "{", "transform 2 0 0 2 0 0", "{", "brush rule=nonzero", circle, "}", "}", "}"}));
 
-  const Lines hidden = {"{", "brush", "path M0.00, 0.00 L1.00, 0.00 1.00, 1.00 0.00, 1.00 Z", "}"};
-  const Lines after = {"{", "brush", "path M0.00, 0.00 L2.00, 0.00 2.00, 2.00 0.00, 2.00 Z", "}"};
+  const Lines hidden = {"{", "brush rule=nonzero", "path M0.00, 0.00 L1.00, 0.00 1.00, 1.00 0.00, 1.00 Z", "}"};
+  const Lines after = {"{", "brush rule=nonzero", "path M0.00, 0.00 L2.00, 0.00 2.00, 2.00 0.00, 2.00 Z", "}"};
   EXPECT_EQ(reader.Snippet("defs"), Concat({{"{", "{"}, hidden, {"}"}, after, {"}"}}));
   // Leaving the inner defs let the rest of the outer one through, ahead of
   // the group since defs is read in the first pass; the groups stay balanced.
-  EXPECT_EQ(test::Outline(document.Commands),
-            Concat({after, {"{", "brush fill=#FF0000FF", "{", "transform", "{", "brush", circle, "}", "}", "}"}}));
+  EXPECT_EQ(test::Dump(document.Commands),
+            Concat({after, {"{", "brush fill=#FF0000FF rule=nonzero", "{", "transform 2 0 0 2 0 0", "{", "brush rule=nonzero", circle, "}", "}", "}"}}));
 }
 
 TEST(SvgReaderUseTest, ADefsInAGroupInsideDefsKeepsTheDrawingBalanced) {
@@ -165,9 +165,9 @@ TEST(SvgReaderUseTest, ADefsInAGroupInsideDefsKeepsTheDrawingBalanced) {
   EXPECT_EQ(reader.Result(), TqxResultParsing::Success) << reader.LogText();
   // The group opened while the outer defs hid it, so it closes there too;
   // what the inner defs let through stands on its own.
-  const Lines rect = {"{", "brush", "path M0.00, 0.00 L1.00, 0.00 1.00, 1.00 0.00, 1.00 Z", "}"};
-  EXPECT_EQ(test::Outline(document.Commands), rect);
-  EXPECT_EQ(reader.Snippet("g"), Concat({{"{", "brush fill=#FFFF0000", "{", "}"}, rect, {"}"}}));
+  const Lines rect = {"{", "brush rule=nonzero", "path M0.00, 0.00 L1.00, 0.00 1.00, 1.00 0.00, 1.00 Z", "}"};
+  EXPECT_EQ(test::Dump(document.Commands), rect);
+  EXPECT_EQ(reader.Snippet("g"), Concat({{"{", "brush fill=#FFFF0000 rule=nonzero", "{", "}"}, rect, {"}"}}));
 }
 
 TEST(SvgReaderUseTest, AUseInsideItsOwnTargetFailsTheRead) {
@@ -178,7 +178,7 @@ TEST(SvgReaderUseTest, AUseInsideItsOwnTargetFailsTheRead) {
   EXPECT_EQ(reader.Result(), TqxResultParsing::Failed);
   EXPECT_EQ(reader.Logs(), (Lines{R"(- The element refers to itself: node="use", href="#loop")"}));
   // The read ends there: what came before stays, what follows is not read.
-  const Lines paths = test::Outline(document.Commands);
+  const Lines paths = test::Dump(document.Commands);
   EXPECT_EQ(std::count_if(paths.begin(), paths.end(), [](const auto& l) { return l.starts_with("path"); }), 2);
   EXPECT_EQ(TqxVectorReaderSVG::Check(test::SvgDataFile("defs/use_self.svg")), TqxResultParsing::Failed);
 }

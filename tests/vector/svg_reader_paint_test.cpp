@@ -3,7 +3,7 @@
 #include <sstream>
 
 #include "platform/core/base/exception.h"
-#include "svg_reader_test_util.h"
+#include "command_dump.h"
 #include "vector/vector_reader_svg.h"
 
 namespace qx {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/core/vector/vector_document.h"
-#include "command_outline.h"
+#include "command_dump.h"
 #include "vector/vector_reader_svg.h"
 
 namespace qx {
@@ -17,7 +17,7 @@ using Lines = std::vector<std::string>;
 // are checked separately.
 Lines Paths(const TqxVectorDocument& document) {
   Lines paths;
-  for (const std::string& line : test::Outline(document.Commands))
+  for (const std::string& line : test::Dump(document.Commands))
     if (line.starts_with("path ")) paths.push_back(line.substr(5));
   return paths;
 }
@@ -56,8 +56,8 @@ TEST(SvgReaderShapesTest, EachShapeDrawsInAGroupOfItsOwnWithItsBrush) {
   reader.LoadFromStream(svg);
 
   // The shape's own transform opens a group around the shape's group.
-  EXPECT_EQ(test::Outline(document.Commands),
-            (Lines{"{", "brush", "transform", "{", "transform", "{", "brush fill=#FFFF0000",
+  EXPECT_EQ(test::Dump(document.Commands),
+            (Lines{"{", "brush rule=nonzero", "transform 2 0 0 2 0 0", "{", "transform 1 0 0 1 1 1", "{", "brush fill=#FFFF0000 rule=nonzero",
                    "path M0.00, 0.00 L0.00, 0.00 0.00, 0.00 0.00, 0.00 Z", "}", "}", "}"}));
 }
 
@@ -81,8 +81,8 @@ TEST(SvgReaderShapesTest, AnUnreadableShapeIsLeftOutWithOneWarning) {
                                R"(- Cannot parse attribute value: node="circle", name="r", attributeValue="bad")",
                            }));
   // Enclosing groups and transforms stay as they were opened.
-  EXPECT_EQ(test::Outline(document.Commands),
-            (Lines{"{", "brush", "transform", "}", "{", "transform", "}", "{", "brush",
+  EXPECT_EQ(test::Dump(document.Commands),
+            (Lines{"{", "brush rule=nonzero", "transform 1 0 0 1 1 1", "}", "{", "transform 2 0 0 2 0 0", "}", "{", "brush rule=nonzero",
                    "path M0,0m-0.5,0a0.5,0.5 0,1 1,1 0a0.5,0.5 0,1 1,-1 0", "}"}));
 }
 

@@ -8,7 +8,7 @@
 #include "platform/core/base/exception.h"
 #include "platform/core/base/text.h"
 #include "vector/vector_reader_svg.h"
-#include "svg_reader_test_util.h"
+#include "command_dump.h"
 
 namespace qx {
 namespace {

@@ -8,7 +8,7 @@
 #include <sstream>
 
 #include "platform/core/base/log.h"
-#include "svg_reader_test_util.h"
+#include "command_dump.h"
 
 namespace qx {
 namespace {

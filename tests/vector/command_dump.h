@@ -57,4 +57,6 @@ inline std::vector<std::string> Dump(const TqxVectorCommands& commands) {
   return lines;
 }
 
+inline std::string SvgDataFile(const std::string& name) { return std::string(QX_TEST_DATA_DIR) + "/svg/" + name; }
+
 }  // namespace qx::test
