@@ -75,9 +75,19 @@ bool HaveIcons(benchmark::State& state) {
   return false;
 }
 
+// A stream over bytes in memory without a copy, as librsvg reads them.
+class TMemoryBuffer : public std::streambuf {
+public:
+  explicit TMemoryBuffer(const std::string& text) {
+    char* begin = const_cast<char*>(text.data());
+    setg(begin, begin, begin + text.size());
+  }
+};
+
 void ReadQx(const std::string& text, qx::TqxVectorDocument& document) {
   qx::TqxVectorReaderSVG reader(document);
-  std::istringstream stream(text);
+  TMemoryBuffer buffer(text);
+  std::istream stream(&buffer);
   reader.LoadFromStream(stream);
 }
 
