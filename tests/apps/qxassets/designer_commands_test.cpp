@@ -15,6 +15,8 @@
 #include "document_commands.h"
 #include "edit_commands.h"
 #include "list_command.h"
+#include "platform/core/graphics/bitmap.h"
+#include "svg_command.h"
 
 namespace qx::cli {
 namespace {
@@ -153,6 +155,26 @@ TEST_F(DesignerCommandsTest, EditingCommandsChangeTheModelAndEndWithASave) {
   EXPECT_FALSE(fs::exists(Assets() / "Pictures"));
   EXPECT_EQ(Config().find("Pictures"), std::string::npos);
   EXPECT_NE(Read(FFolder / "Demo" / "Assets.Consts.pas").find("ACCENT_1"), std::string::npos);
+}
+
+// What a project ships is the .vector file of an SVG asset: drawn, it must
+// look like the SVG it came from.
+TEST_F(DesignerCommandsTest, AnAddedSvgSavesAVectorFileThatDrawsLikeItsSource) {
+  const fs::path svg = FFolder / "Badge.svg";
+  fs::copy_file(fs::path(QX_TEST_DATA_DIR) / "svg" / "cli" / "badge.svg", svg);
+  ASSERT_EQ(Run(AddCommand(), {svg.string()}), kExitOk) << FErr;
+  const fs::path saved = Assets() / "Badge" / "default.vector";
+  ASSERT_TRUE(fs::exists(saved)) << FOut;
+
+  std::ostringstream out, err;
+  ASSERT_EQ(RunSvgCommand({"render", svg.string(), saved.string(), "-o", FFolder.string(), "--size", "48x48"}, out,
+                          err),
+            kExitOk)
+      << err.str();
+  const auto fromSource = TqxBitmap::LoadFromFile((FFolder / "Badge.png").string());
+  const auto fromVector = TqxBitmap::LoadFromFile((FFolder / "default.png").string());
+  EXPECT_EQ(*fromVector, *fromSource);
+  EXPECT_NE(fromSource->GetPixel(20, 20), 0u);
 }
 
 TEST_F(DesignerCommandsTest, FailuresAreOneLineAndLeaveTheProjectAsItWas) {
