@@ -35,19 +35,14 @@ TEST(SvgNumberTest, TolerantReaderAcceptsPxAndCmUnscaledAndLeadingPoints) {
     const char* text;
     std::optional<float> expected;
   } cases[] = {
-      {"12", 12.0f},       {"12px", 12.0f},     {"12cm", 12.0f},    {"12 px", 12.0f},
-      {" -3.25 ", -3.25f}, {"+4", 4.0f},        {"1e2px", 100.0f},  {"2.5E-1", 0.25f},
-      {".5", 0.5f},        {"-.5", -0.5f},      {".5px", 0.5f},     {"-.5px", -0.5f},
-      {"5.", 5.0f},        {"0.5cm", 0.5f},
+      {"12px", 12.0f},  {"12cm", 12.0f},  {"12 px", 12.0f}, {" -3.25 ", -3.25f}, {"1e2px", 100.0f},
+      {".5px", 0.5f},   {"-.5", -0.5f},   {"5.", 5.0f},
       // A lone point reads as "0." through the leading-point rule.
-      {".", 0.0f},         {"-.", 0.0f},
-      // Other units, percentages and upper-case units are no numbers.
-      {"12mm", {}},        {"12em", {}},        {"12%", {}},        {"12PX", {}},
-      {"12pt", {}},        {"px", {}},          {"", {}},           {"   ", {}},
-      // No thousands separator and no scanner splitting one token into two.
-      {"1,5", {}},         {"10-5", {}},        {"1.5.5", {}},      {"1 2", {}},
-      {"12px ", {}},       {"0x10", {}},        {"inf", {}},        {"nan", {}},
-      {"abc", {}},
+      {".", 0.0f},
+      // Other units, percentages and upper-case units are no numbers, nor is
+      // anything a scanner would split into two tokens.
+      {"12mm", {}},     {"12%", {}},      {"12PX", {}},     {"px", {}},        {"", {}},
+      {"1,5", {}},      {"10-5", {}},     {"1.5.5", {}},    {"12px ", {}},     {"inf", {}},
   };
   for (const auto& c : cases) EXPECT_EQ(TryFloat(c.text), c.expected) << '"' << c.text << '"';
 }
@@ -116,17 +111,12 @@ TEST(SvgNumberTest, DashArrayCutsUnitsAndDropsWhatDoesNotRead) {
     Numbers expected;
   } cases[] = {
       {"4px,2%,x,1", ',', {4, 2, 1}},
-      {"4 2", ' ', {4, 2}},
       {"4  2", ' ', {4, 2}},
-      {" 4 , 2 ", ',', {4, 2}},
       {"3cm,.5", ',', {3, 0.5f}},
-      {"10%px", ',', {10}},
       // The unit is found ignoring case but cut in lower case only.
       {"10PX,1Px2px,5", ',', {5}},
       // With the other separator each item is "4,2" or "4 2": no number.
       {"4,2", ' ', {}},
-      {"4 2", ',', {}},
-      {"x,y", ',', {}},
       {"", ',', {}},
   };
   for (const auto& c : cases) {
@@ -141,13 +131,9 @@ TEST(SvgColorTest, HashFormsOnlyWithEightDigitsAlphaFirst) {
     const char* text;
     std::optional<TAlphaColor> expected;
   } cases[] = {
-      {"#abc", 0xFFAABBCC},      {"#ABCDEF", 0xFFABCDEF},   {"#0AF", 0xFF00AAFF},
-      {"#80FF0000", 0x80FF0000}, {"#00000000", 0x00000000}, {"#fFfFfF", 0xFFFFFFFF},
+      {"#abc", 0xFFAABBCC}, {"#ABCDEF", 0xFFABCDEF}, {"#80FF0000", 0x80FF0000},
       // Other lengths read as plain hex numbers, transparent when short.
-      {"#12", 0x00000012},       {"#12345", 0x00012345},    {"#0000000AB", 0x000000AB},
-      {"#123456789", {}},        {"#", {}},                 {"#ggg", {}},
-      {"#12 456", {}},           {" #abc", {}},             {"white", {}},
-      {"rgb(1,2,3)", {}},        {"transparent", {}},       {"currentColor", {}},
+      {"#12345", 0x00012345}, {"#123456789", {}}, {"#ggg", {}}, {" #abc", {}}, {"white", {}},
   };
   for (const auto& c : cases) {
     TAlphaColor color = 0x12345678;
