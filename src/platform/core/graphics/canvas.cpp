@@ -222,8 +222,7 @@ struct TqxCanvas::TImpl {
     // a gstate copy per fill shows in the cost of small pictures.
     AddPath(Cr, path);
     cairo_set_fill_rule(Cr, rule == TqxCanvasFillRule::EvenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
-    if (SetSource(Cr, brush, std::min(opacity, 1.0))) cairo_fill(Cr);
-    cairo_new_path(Cr);
+    if (SetSource(Cr, brush, std::min(opacity, 1.0))) cairo_fill(Cr);  // which clears the path
     RecoverFromError();
   }
 

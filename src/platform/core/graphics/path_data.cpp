@@ -250,28 +250,16 @@ private:
     bool negative = false;
     if (p < FText.size() && (FText[p] == '+' || FText[p] == '-')) negative = FText[p++] == '-';
     const std::size_t mantissa = p;
-    std::size_t intDigits = 0, leadingZeros = 0, fracZeros = 0, fracDigits = 0;
-    bool nonZeroSeen = false;
     TDecimalDigits exact;
-    while (p < FText.size() && IsDigit(FText[p])) {
-      if (FText[p] != '0') nonZeroSeen = true;
-      (nonZeroSeen ? intDigits : leadingZeros)++;
-      exact.Add(FText[p]);
-      ++p;
-    }
-    bool digits = intDigits + leadingZeros > 0;
+    while (p < FText.size() && IsDigit(FText[p])) exact.Add(FText[p++]);
+    const std::size_t intEnd = p;
+    std::size_t fracStart = p;
     if (p < FText.size() && FText[p] == '.') {
-      ++p;
-      while (p < FText.size() && IsDigit(FText[p])) {
-        if (FText[p] != '0') nonZeroSeen = true;
-        if (!nonZeroSeen) ++fracZeros;
-        exact.Add(FText[p]);
-        ++fracDigits;
-        digits = true;
-        ++p;
-      }
+      fracStart = ++p;
+      while (p < FText.size() && IsDigit(FText[p])) exact.Add(FText[p++]);
     }
-    if (!digits) Fail("expected a number");
+    const std::size_t fracDigits = p - fracStart;
+    if (intEnd == mantissa && fracDigits == 0) Fail("expected a number");
     long long exponent = 0;
     if (p < FText.size() && (FText[p] == 'e' || FText[p] == 'E')) {
       std::size_t q = p + 1;
@@ -295,7 +283,12 @@ private:
     const auto result = std::from_chars(FText.data() + mantissa, FText.data() + p, value);
     if (result.ec == std::errc::result_out_of_range) {
       // Decimal magnitude decides between overflow and underflow.
-      const long long magnitude = (intDigits > 0 ? (long long)intDigits : -(long long)fracZeros) + exponent;
+      const std::string_view integer = FText.substr(mantissa, intEnd - mantissa);
+      const std::string_view fraction = FText.substr(fracStart, fracDigits);
+      const std::size_t intZeros = std::min(integer.find_first_not_of('0'), integer.size());
+      const std::size_t fracZeros = std::min(fraction.find_first_not_of('0'), fraction.size());
+      const long long intDigits = (long long)(integer.size() - intZeros);
+      const long long magnitude = (intDigits > 0 ? intDigits : -(long long)fracZeros) + exponent;
       if (magnitude > 0) FailAt(start, "number out of range");
       value = 0;
     } else if (result.ec != std::errc() || result.ptr != FText.data() + p) {
