@@ -421,19 +421,14 @@ TEST(VectorBitmapWriterTest, ColourReaderTakesHashFormsOnly) {
   }
 }
 
-TEST(VectorBitmapWriterTest, ResultIsCopiedAndSavedAsPng) {
+TEST(VectorBitmapWriterTest, ResultIsSavedAsPngOnly) {
   auto doc = Doc({8, 8}, {0, 0, 8, 8});
   doc->DrawPath("M0 0H4V8H0Z");
   TsvgExportFMXBitmapWithSkia writer(*doc);
-  TqxBitmap copy(2, 2);
-  writer.SaveToBitmap(copy);
-  EXPECT_EQ(copy, writer.Bitmap());
-
   const auto dir = std::filesystem::temp_directory_path() / "qx_vector_bitmap_writer_test";
   std::filesystem::create_directories(dir);
-  const std::string png = (dir / "picture.PNG").string();
-  writer.SaveToFile(png);
-  EXPECT_EQ(*TqxBitmap::LoadFromFile(png), writer.Bitmap());
+  writer.SaveToFile((dir / "picture.PNG").string());
+  EXPECT_EQ(*TqxBitmap::LoadFromFile((dir / "picture.PNG").string()), writer.Bitmap());
   EXPECT_THROW(writer.SaveToFile((dir / "picture.gif").string()), Exception);
   EXPECT_FALSE(std::filesystem::exists(dir / "picture.gif"));
   std::filesystem::remove_all(dir);
