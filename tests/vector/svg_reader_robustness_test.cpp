@@ -28,7 +28,7 @@ std::vector<std::string> SeedFiles() {
 const char* const kSnippets[] = {
     "<g>", "</g>", "<defs>", "</defs>", "<use xlink:href=\"#a\"/>", "<g id=\"a\">", "fill=\"url(#g)\" ",
     "<linearGradient id=\"g\"/>", "<style>.a{fill:red}</style>", "transform=\"rotate(1e39)\" ", "\"", "<",
-    "&amp;", "<![CDATA[x]]>", "\xC3", "\x00",
+    "&amp;", "<![CDATA[x]]>", "\xC3", "\x00", "&st0;", "<!ENTITY x \"&st1;&st1;\">", "]>",
 };
 
 std::string Mutate(std::string text, std::mt19937& random) {
