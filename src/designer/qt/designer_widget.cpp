@@ -46,7 +46,9 @@ TqxDesignerWidget::TqxDesignerWidget(TFrameAssetManager& frame, QWidget* parent)
   FSplitter->addWidget(FPane);
   FSplitter->setStretchFactor(0, 0);
   FSplitter->setStretchFactor(1, 1);
-  FSplitter->setSizes({tree.TreeWidth, 1000});
+  // The kept width is the rows' width, which the columns fill; the view's
+  // frame comes on top, so that a fresh tree needs no horizontal scroll bar.
+  FSplitter->setSizes({tree.TreeWidth + 2 * FTreeView->frameWidth(), 1000});
   layout->addWidget(FSplitter, 1);
 
   CreateShortcuts();
@@ -112,7 +114,7 @@ void TqxDesignerWidget::ConnectTree() {
   tree.FOnViewRemoved = [this](TVirtualNode* node) { FPane->RemoveView(node); };
   FFrame.FOnModifiedChanged = [this] { emit modifiedChanged(FFrame.GetModified()); };
   connect(FSplitter, &QSplitter::splitterMoved, this,
-          [this] { FFrame.Tree().TreeWidth = FSplitter->sizes().value(0); });
+          [this] { FFrame.Tree().TreeWidth = FSplitter->sizes().value(0) - 2 * FTreeView->frameWidth(); });
 }
 
 }  // namespace qx

@@ -184,7 +184,7 @@ TEST_F(StudioWindowTest, TheTabClosesThroughTheDesignersQuestionAndTheWidthsOutl
   TqxDesignerWidget* designer = Window->CurrentDesigner();
   ASSERT_NE(designer, nullptr);
   designer->Frame().Commands().ActionAddFolder->Execute();
-  designer->Splitter()->setSizes({320, 600});
+  designer->Splitter()->setSizes({320 + 2 * designer->TreeView()->frameWidth(), 600});
   emit designer->Splitter()->splitterMoved(320, 1);
   EXPECT_EQ(designer->Frame().Tree().TreeWidth, 320);
 
