@@ -116,13 +116,6 @@ void TqxStudioWindow::RebuildMenuBar() {
   }
 }
 
-QAction* TqxStudioWindow::MenuAction(const QString& objectName) const {
-  for (QMenu* menu : menuBar()->findChildren<QMenu*>())
-    for (QAction* action : menu->actions())
-      if (action->objectName() == objectName) return action;
-  return nullptr;
-}
-
 void TqxStudioWindow::RefreshProjects() {
   FProjects->clear();
   for (const TqxProjectEntry& entry : FIde.ProjectEntries()) {

@@ -29,8 +29,6 @@ public:
   QPlainTextEdit* LogPane() const { return FLog; }
   // The designer shown in the current tab, or nullptr.
   TqxDesignerWidget* CurrentDesigner() const;
-  // The menu bar's action of the item with that name, or nullptr.
-  QAction* MenuAction(const QString& objectName) const;
 
 protected:
   void closeEvent(QCloseEvent* event) override;
