@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "frames/register_frames.h"
 #include "kinds/assets_editors_manager.h"
 #include "platform/core/base/exception.h"
 #include "platform/core/base/text.h"
@@ -14,6 +15,7 @@ TqxDesignerSession::TqxDesignerSession(const std::string& projectFileName) {
     throw Exception(Format("no project file \"%s\"", {projectFileName}));
   }
   RegisterAssetEditors();
+  RegisterAssetEditorFrames();
   FProject = TqxDprojProject::Open(std::filesystem::absolute(projectFileName).lexically_normal().string());
   TqxIdeEventsListener& ide = TqxIdeEventsListener::Instance();
   ide.Initialize();

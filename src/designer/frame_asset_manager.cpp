@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "designer/asset_tree.h"
+#include "designer/asset_views.h"
 #include "designer/designer_commands.h"
 #include "generators/assets_consts_generator.h"
 #include "generators/assets_deployment.h"
@@ -40,6 +41,7 @@ TFrameAssetManager::TFrameAssetManager()
   };
   FTree = std::make_unique<TqxAssetTree>(*this);
   FCommands = std::make_unique<TqxDesignerCommands>(*this, *FTree);
+  FViews = std::make_unique<TqxAssetViews>(*this);
   FOnLoad = [this] { FTree->Build(); };
   FOnAssetChanged = [this](const TqxAssetName& name, TqxAssetOperation operation) {
     FTree->AssetsChangedHandler(name, operation);

@@ -11,6 +11,7 @@
 namespace qx {
 
 class TqxAssetTree;
+class TqxAssetViews;
 class TqxDesignerCommands;
 class TqxIdeEventsListener;
 
@@ -74,6 +75,8 @@ public:
   // and each load reach the tree.
   TqxAssetTree& Tree() { return *FTree; }
   TqxDesignerCommands& Commands() { return *FCommands; }
+  // The right-hand side: one view for each asset the selection shows.
+  TqxAssetViews& Views() { return *FViews; }
 
   // The tree's width and its info column's, shared by all projects; the view
   // loads them once it has given the frame its project.
@@ -111,6 +114,7 @@ private:
   TqxIdeEventsListener* FIdeEvents;
   std::unique_ptr<TqxAssetTree> FTree;
   std::unique_ptr<TqxDesignerCommands> FCommands;
+  std::unique_ptr<TqxAssetViews> FViews;
 };
 
 }  // namespace qx

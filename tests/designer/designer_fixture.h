@@ -7,6 +7,7 @@
 #include "designer/asset_tree.h"
 #include "designer/designer_commands.h"
 #include "designer/frame_asset_manager.h"
+#include "frames/register_frames.h"
 #include "kinds/assets_editors_manager.h"
 #include "platform/core/base/log.h"
 #include "platform/ui/headless_ui.h"
@@ -19,6 +20,7 @@ class DesignerTest : public ::testing::Test {
 protected:
   DesignerTest() {
     RegisterAssetEditors();
+    RegisterAssetEditorFrames();
     TqxLog::SetStderrEnabled(false);
   }
   ~DesignerTest() override { TqxLog::SetStderrEnabled(true); }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "frames/register_frames.h"
 #include "kinds/assets_editors_manager.h"
 #include "platform/core/assets/asset_bitmap_set.h"
 #include "platform/core/assets/asset_color.h"
@@ -52,6 +53,7 @@ class FrameAssetManagerTest : public ::testing::Test {
 protected:
   FrameAssetManagerTest() {
     RegisterAssetEditors();
+    RegisterAssetEditorFrames();
     TqxLog::SetStderrEnabled(false);
     fs::copy_file(fs::path(QX_TEST_DATA_DIR) / "dproj" / "bare_lf.dproj", FFolder / "Bare.dproj");
     WriteText(FFolder / "in" / "notes.txt", "notes");

@@ -5,12 +5,13 @@
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
-#include "designer/asset_tree.h"
+#include "designer/asset_views.h"
+#include "frames/assets_view.h"
 
 namespace qx {
 
-TqxAssetsPane::TqxAssetsPane(TqxAssetTree& tree, QWidget* parent)
-    : QScrollArea(parent), FTree(tree), FContent(new QWidget), FLayout(new QVBoxLayout(FContent)) {
+TqxAssetsPane::TqxAssetsPane(TqxAssetViews& views, QWidget* parent)
+    : QScrollArea(parent), FViews(views), FContent(new QWidget), FLayout(new QVBoxLayout(FContent)) {
   setObjectName("ImageSetPanel");
   setWidgetResizable(true);
   setFrameShape(QFrame::NoFrame);
@@ -18,51 +19,56 @@ TqxAssetsPane::TqxAssetsPane(TqxAssetTree& tree, QWidget* parent)
   FLayout->setSpacing(8);
   FLayout->addStretch(1);
   setWidget(FContent);
+  views.FOnViewsChanged = [this] { Rebuild(); };
+  views.FOnRefreshTitle = [this](TAssetsView& view) { RefreshTitle(view); };
+  views.FOnViewRemoved = [this](TAssetsView& view) { RemoveView(view); };
+  Rebuild();
 }
 
-QWidget* TqxAssetsPane::ViewOf(TVirtualNode* node) const {
-  auto it = FViews.find(node);
-  return it == FViews.end() ? nullptr : it->second;
+TqxAssetsPane::~TqxAssetsPane() {
+  FViews.FOnViewsChanged = nullptr;
+  FViews.FOnRefreshTitle = nullptr;
+  FViews.FOnViewRemoved = nullptr;
 }
 
-QString TqxAssetsPane::TitleOf(TVirtualNode* node) const {
-  const TqxNodeData* data = FTree.GetNodeData(node);
-  QString title = QString::fromStdString(FTree.GetAssetName(node));
-  if (data != nullptr && !data->Size.empty()) title += "   " + QString::fromStdString(data->Size);
-  return title;
+QWidget* TqxAssetsPane::WidgetOf(const TAssetsView* view) const {
+  auto it = FWidgets.find(view);
+  return it == FWidgets.end() ? nullptr : it->second;
 }
 
-QWidget* TqxAssetsPane::CreateView(TVirtualNode* node) {
-  auto* label = new QLabel(TitleOf(node), FContent);
+QWidget* TqxAssetsPane::CreateWidget(TAssetsView& view) {
+  auto* label = new QLabel(FContent);
   label->setFrameShape(QFrame::StyledPanel);
   label->setMargin(8);
+  label->setText(QString::fromStdString(view.AssetName() + "   " + view.AssetType()));
   return label;
 }
 
 void TqxAssetsPane::Rebuild() {
   // The views are heavy: build the stack hidden, show it once.
   FContent->setUpdatesEnabled(false);
-  for (auto& [node, view] : FViews) delete view;
-  FViews.clear();
+  for (auto& [view, widget] : FWidgets) delete widget;
+  FWidgets.clear();
   int row = 0;
-  for (TVirtualNode* node : FTree.SelectedViews()) {
-    QWidget* view = CreateView(node);
-    FViews[node] = view;
-    FLayout->insertWidget(row++, view);
+  for (const auto& [node, view] : FViews.Views()) {
+    QWidget* widget = CreateWidget(*view);
+    FWidgets[view.get()] = widget;
+    FLayout->insertWidget(row++, widget);
   }
   FContent->setUpdatesEnabled(true);
   verticalScrollBar()->setValue(0);
 }
 
-void TqxAssetsPane::RefreshTitle(TVirtualNode* node) {
-  if (auto* label = qobject_cast<QLabel*>(ViewOf(node))) label->setText(TitleOf(node));
+void TqxAssetsPane::RefreshTitle(TAssetsView& view) {
+  if (auto* label = qobject_cast<QLabel*>(WidgetOf(&view)))
+    label->setText(QString::fromStdString(view.AssetName() + "   " + view.AssetType()));
 }
 
-void TqxAssetsPane::RemoveView(TVirtualNode* node) {
-  auto it = FViews.find(node);
-  if (it == FViews.end()) return;
+void TqxAssetsPane::RemoveView(TAssetsView& view) {
+  auto it = FWidgets.find(&view);
+  if (it == FWidgets.end()) return;
   delete it->second;
-  FViews.erase(it);
+  FWidgets.erase(it);
 }
 
 void TqxAssetsPane::wheelEvent(QWheelEvent* event) {

@@ -7,25 +7,25 @@ class QVBoxLayout;
 
 namespace qx {
 
-class TqxAssetTree;
-class TVirtualNode;
+class TAssetsView;
+class TqxAssetViews;
 
-// The designer's right-hand side: one view for each node the tree's selection
-// shows, stacked top to bottom in a scroll area. It follows the tree: a new
-// selection rebuilds the stack, a rename retitles a view, a deleted node takes
-// its view along.
+// The designer's right-hand side: the document's asset views stacked top to
+// bottom in a scroll area. It follows them: a new selection rebuilds the
+// stack, a rename retitles a view, a deleted asset takes its view along.
 class TqxAssetsPane : public QScrollArea {
   Q_OBJECT
 public:
-  explicit TqxAssetsPane(TqxAssetTree& tree, QWidget* parent = nullptr);
+  explicit TqxAssetsPane(TqxAssetViews& views, QWidget* parent = nullptr);
+  ~TqxAssetsPane() override;
 
   void Rebuild();
-  void RefreshTitle(TVirtualNode* node);
-  void RemoveView(TVirtualNode* node);
+  void RefreshTitle(TAssetsView& view);
+  void RemoveView(TAssetsView& view);
 
-  int ViewCount() const { return static_cast<int>(FViews.size()); }
-  // The view shown for the node, or nullptr.
-  QWidget* ViewOf(TVirtualNode* node) const;
+  int ViewCount() const { return static_cast<int>(FWidgets.size()); }
+  // The widget that shows the view, or nullptr.
+  QWidget* WidgetOf(const TAssetsView* view) const;
 
 protected:
   // The wheel moves the stack by a tenth of its delta, as the tree's
@@ -33,13 +33,12 @@ protected:
   void wheelEvent(QWheelEvent* event) override;
 
 private:
-  QWidget* CreateView(TVirtualNode* node);
-  QString TitleOf(TVirtualNode* node) const;
+  QWidget* CreateWidget(TAssetsView& view);
 
-  TqxAssetTree& FTree;
+  TqxAssetViews& FViews;
   QWidget* FContent;
   QVBoxLayout* FLayout;
-  std::map<TVirtualNode*, QWidget*> FViews;
+  std::map<const TAssetsView*, QWidget*> FWidgets;
 };
 
 }  // namespace qx

@@ -41,7 +41,7 @@ TqxDesignerWidget::TqxDesignerWidget(TFrameAssetManager& frame, QWidget* parent)
   FTreeView->setObjectName("VTResources");
   FTreeView->setMinimumWidth(kMinimumTreeWidth);
   FTreeView->SetPopupMenu(&frame.Commands().pmTreeView);
-  FPane = new TqxAssetsPane(tree, FSplitter);
+  FPane = new TqxAssetsPane(frame.Views(), FSplitter);
   FSplitter->addWidget(FTreeView);
   FSplitter->addWidget(FPane);
   FSplitter->setStretchFactor(0, 0);
@@ -52,15 +52,10 @@ TqxDesignerWidget::TqxDesignerWidget(TFrameAssetManager& frame, QWidget* parent)
   layout->addWidget(FSplitter, 1);
 
   CreateShortcuts();
-  ConnectTree();
-  FPane->Rebuild();
+  ConnectDocument();
 }
 
 TqxDesignerWidget::~TqxDesignerWidget() {
-  TqxAssetTree& tree = FFrame.Tree();
-  tree.FOnSelectedViewsChanged = nullptr;
-  tree.FOnRefreshTitle = nullptr;
-  tree.FOnViewRemoved = nullptr;
   FFrame.FOnModifiedChanged = nullptr;
 }
 
@@ -107,11 +102,7 @@ void TqxDesignerWidget::CreateShortcuts() {
   });
 }
 
-void TqxDesignerWidget::ConnectTree() {
-  TqxAssetTree& tree = FFrame.Tree();
-  tree.FOnSelectedViewsChanged = [this] { FPane->Rebuild(); };
-  tree.FOnRefreshTitle = [this](TVirtualNode* node) { FPane->RefreshTitle(node); };
-  tree.FOnViewRemoved = [this](TVirtualNode* node) { FPane->RemoveView(node); };
+void TqxDesignerWidget::ConnectDocument() {
   FFrame.FOnModifiedChanged = [this] { emit modifiedChanged(FFrame.GetModified()); };
   connect(FSplitter, &QSplitter::splitterMoved, this,
           [this] { FFrame.Tree().TreeWidth = FSplitter->sizes().value(0) - 2 * FTreeView->frameWidth(); });

@@ -40,7 +40,7 @@ signals:
 private:
   void CreateToolBar();
   void CreateShortcuts();
-  void ConnectTree();
+  void ConnectDocument();
 
   TFrameAssetManager& FFrame;
   QToolBar* FToolBar;
