@@ -42,10 +42,7 @@ void TqxAssetViews::Rebuild() {
 }
 
 void TqxAssetViews::RefreshTitle(TVirtualNode* node) {
-  TAssetsView* view = ViewOf(node);
-  if (view == nullptr) return;
-  view->RefreshTitle();
-  if (FOnRefreshTitle) FOnRefreshTitle(*view);
+  if (TAssetsView* view = ViewOf(node)) view->RefreshTitle();
 }
 
 void TqxAssetViews::Remove(TVirtualNode* node) {

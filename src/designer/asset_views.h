@@ -30,8 +30,6 @@ public:
 
   // The views were made again; the earlier ones are gone.
   std::function<void()> FOnViewsChanged;
-  // A view's asset was renamed; its title follows.
-  std::function<void(TAssetsView& view)> FOnRefreshTitle;
   // The view's node is being deleted; the view goes right after this.
   std::function<void(TAssetsView& view)> FOnViewRemoved;
 

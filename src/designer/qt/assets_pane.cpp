@@ -1,12 +1,12 @@
 #include "designer/qt/assets_pane.h"
 
-#include <QLabel>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
 #include "designer/asset_views.h"
 #include "frames/assets_view.h"
+#include "frames/qt/assets_view_widget.h"
 
 namespace qx {
 
@@ -20,14 +20,12 @@ TqxAssetsPane::TqxAssetsPane(TqxAssetViews& views, QWidget* parent)
   FLayout->addStretch(1);
   setWidget(FContent);
   views.FOnViewsChanged = [this] { Rebuild(); };
-  views.FOnRefreshTitle = [this](TAssetsView& view) { RefreshTitle(view); };
   views.FOnViewRemoved = [this](TAssetsView& view) { RemoveView(view); };
   Rebuild();
 }
 
 TqxAssetsPane::~TqxAssetsPane() {
   FViews.FOnViewsChanged = nullptr;
-  FViews.FOnRefreshTitle = nullptr;
   FViews.FOnViewRemoved = nullptr;
 }
 
@@ -36,13 +34,7 @@ QWidget* TqxAssetsPane::WidgetOf(const TAssetsView* view) const {
   return it == FWidgets.end() ? nullptr : it->second;
 }
 
-QWidget* TqxAssetsPane::CreateWidget(TAssetsView& view) {
-  auto* label = new QLabel(FContent);
-  label->setFrameShape(QFrame::StyledPanel);
-  label->setMargin(8);
-  label->setText(QString::fromStdString(view.AssetName() + "   " + view.AssetType()));
-  return label;
-}
+QWidget* TqxAssetsPane::CreateWidget(TAssetsView& view) { return new TqxAssetsViewWidget(view, FContent); }
 
 void TqxAssetsPane::Rebuild() {
   // The views are heavy: build the stack hidden, show it once.
@@ -57,11 +49,6 @@ void TqxAssetsPane::Rebuild() {
   }
   FContent->setUpdatesEnabled(true);
   verticalScrollBar()->setValue(0);
-}
-
-void TqxAssetsPane::RefreshTitle(TAssetsView& view) {
-  if (auto* label = qobject_cast<QLabel*>(WidgetOf(&view)))
-    label->setText(QString::fromStdString(view.AssetName() + "   " + view.AssetType()));
 }
 
 void TqxAssetsPane::RemoveView(TAssetsView& view) {

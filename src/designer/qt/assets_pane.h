@@ -12,7 +12,8 @@ class TqxAssetViews;
 
 // The designer's right-hand side: the document's asset views stacked top to
 // bottom in a scroll area. It follows them: a new selection rebuilds the
-// stack, a rename retitles a view, a deleted asset takes its view along.
+// stack, a deleted asset takes its view along; each widget follows its own
+// view's title.
 class TqxAssetsPane : public QScrollArea {
   Q_OBJECT
 public:
@@ -20,7 +21,6 @@ public:
   ~TqxAssetsPane() override;
 
   void Rebuild();
-  void RefreshTitle(TAssetsView& view);
   void RemoveView(TAssetsView& view);
 
   int ViewCount() const { return static_cast<int>(FWidgets.size()); }

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -15,6 +16,7 @@
 #include "designer/frame_asset_manager.h"
 #include "designer/qt/assets_pane.h"
 #include "designer/qt/designer_widget.h"
+#include "frames/qt/assets_view_widget.h"
 #include "package/assets_manager_view.h"
 #include "platform/host/ide_settings.h"
 #include "platform/ui/qt/qt_tree_view.h"
@@ -77,6 +79,13 @@ protected:
       if (frame.Tree().GetNodeData(node)->Caption == caption) return node;
     return nullptr;
   }
+  // The asset names the right-hand side shows, top to bottom.
+  QStringList ShownTitles(TqxDesignerWidget* designer) {
+    QStringList titles;
+    for (auto* view : designer->Pane()->widget()->findChildren<TqxAssetsViewWidget*>())
+      titles << view->AssetNameLabel()->text();
+    return titles;
+  }
   void Shoot(QWidget* widget, const std::string& name) {
     QCoreApplication::processEvents();
     EXPECT_TRUE(widget->grab().save(QString::fromStdString((ShotsFolder() / name).string())));
@@ -134,6 +143,8 @@ TEST_F(StudioWindowTest, AColourAddedRenamedAndDraggedIntoAFolderIsSavedUnderIts
   QTest::keyClick(editor, Qt::Key_Return);
   ASSERT_TRUE(QTest::qWaitFor([&] { return Node(frame, "Brand") != nullptr; }, 3000));
   EXPECT_EQ(Node(frame, "Color"), nullptr);
+  // The view on the right follows the rename.
+  EXPECT_EQ(ShownTitles(designer), QStringList{"Brand"});
 
   // Drag it into the folder Colors.
   TVirtualNode* brand = Node(frame, "Brand");
@@ -153,6 +164,7 @@ TEST_F(StudioWindowTest, AColourAddedRenamedAndDraggedIntoAFolderIsSavedUnderIts
   EXPECT_EQ(Node(frame, "Brand"), nullptr);
   frame.Tree().ExpandNodesToAsset("Colors\\Brand");
   frame.Tree().SelectNode("Colors\\Brand", true);
+  EXPECT_EQ(ShownTitles(designer), QStringList{"Colors\\Brand"});
   Shoot(designer, "studio_designer_moved.png");
 
   // Ctrl+S saves: the mark goes, and the files name the colour in its folder.
