@@ -2,7 +2,7 @@
 
 #include "designer_fixture.h"
 #include "platform/core/assets/asset.h"
-#include "temp_folder.h"
+#include "../support/temp_folder.h"
 
 namespace qx::test {
 namespace {

@@ -10,7 +10,7 @@
 #include "platform/core/assets/assets_manager.h"
 #include "platform/core/base/exception.h"
 #include "platform/core/base/log.h"
-#include "temp_folder.h"
+#include "../support/temp_folder.h"
 
 namespace qx {
 namespace {

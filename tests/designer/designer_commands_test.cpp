@@ -8,7 +8,7 @@
 #include "platform/host/ide_events_listener.h"
 #include "platform/host/ide_messages.h"
 #include "platform/host/ide_settings.h"
-#include "temp_folder.h"
+#include "../support/temp_folder.h"
 
 namespace qx::test {
 namespace {

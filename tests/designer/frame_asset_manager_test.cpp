@@ -11,7 +11,7 @@
 #include "platform/core/base/log.h"
 #include "platform/host/filesystem/dproj_project.h"
 #include "platform/host/ide_events_listener.h"
-#include "temp_folder.h"
+#include "../support/temp_folder.h"
 
 namespace qx {
 namespace {

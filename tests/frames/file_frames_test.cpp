@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "../designer/temp_folder.h"
+#include "../support/temp_folder.h"
 #include "frames/file_asset_frames.h"
 #include "frames/file_asset_pickers.h"
 #include "frames/lottie_animation_picker.h"

@@ -1,11 +1,8 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,6 +17,7 @@
 #include "platform/host/ide_events_listener.h"
 #include "platform/host/ide_services.h"
 #include "platform/ui/headless_ui.h"
+#include "../support/temp_folder.h"
 
 namespace qx::test {
 
@@ -52,22 +50,12 @@ public:
   std::string Ident;
 };
 
-inline std::string ReadText(const fs::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 // The package over the file-system host, with copies of real projects in a
 // temporary folder and scripted dialog answers.
 class PackageTest : public ::testing::Test {
 protected:
   PackageTest() {
     TqxLog::SetStderrEnabled(false);
-    static int counter = 0;
-    FRoot = fs::temp_directory_path() /
-            ("qx-package-" + std::to_string(::getpid()) + "-" + std::to_string(++counter));
-    fs::remove_all(FRoot);
-    fs::create_directories(FRoot);
     Host = std::make_shared<TqxFileSystemHost>();
     Views = std::make_shared<TqxEditorViewHost>();
     Menu = std::make_shared<TRecordingNTAService>();
@@ -86,8 +74,6 @@ protected:
     TqxIdeServices::Instance().Clear();
     Views.reset();
     Host.reset();
-    std::error_code ignored;
-    fs::remove_all(FRoot, ignored);
     TqxLog::SetStderrEnabled(true);
   }
 
@@ -129,7 +115,8 @@ protected:
     return it == AssetsManagerViews().end() ? nullptr : it->second;
   }
 
-  fs::path FRoot;
+  TTempFolder FTemp{"package"};
+  fs::path FRoot = FTemp.Path();
   TqxHeadlessUi Ui;
   std::shared_ptr<TqxFileSystemHost> Host;
   std::shared_ptr<TqxEditorViewHost> Views;

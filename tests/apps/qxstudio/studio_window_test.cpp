@@ -26,16 +26,10 @@
 #include "qt/studio_window.h"
 #include "studio_fixture.h"
 #include "studio_ide.h"
+#include "../../support/qt_test_app.h"
 
 namespace qx::test {
 namespace {
-
-void EnsureApp() {
-  static int argc = 1;
-  static char name[] = "qxstudio_window_tests";
-  static char* argv[] = {name, nullptr};
-  if (!QApplication::instance()) new QApplication(argc, argv);
-}
 
 fs::path ShotsFolder() {
   const fs::path shots = fs::path(QX_BUILD_DIR) / "screenshots";

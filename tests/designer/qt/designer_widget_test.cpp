@@ -16,16 +16,10 @@
 #include "platform/core/graphics/bitmap.h"
 #include "platform/ui/headless_ui.h"
 #include "platform/ui/image_list.h"
+#include "../../support/qt_test_app.h"
 
 namespace qx::test {
 namespace {
-
-void EnsureApp() {
-  static int argc = 1;
-  static char name[] = "qx_designer_qt_tests";
-  static char* argv[] = {name, nullptr};
-  if (!QApplication::instance()) new QApplication(argc, argv);
-}
 
 bool IsBlank(const TqxBitmap& bitmap) {
   for (int y = 0; y < bitmap.Height(); ++y)

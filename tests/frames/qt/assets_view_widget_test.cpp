@@ -6,7 +6,7 @@
 #include <QTest>
 #include <filesystem>
 
-#include "../../platform/ui/qt/qt_test_app.h"
+#include "../../support/qt_test_app.h"
 #include "frames/assets_view.h"
 #include "frames/file_asset_frames.h"
 #include "frames/qt/assets_view_widget.h"

@@ -9,7 +9,7 @@
 #include "platform/ui/qt/qt_actions.h"
 #include "platform/ui/qt/qt_ui_services.h"
 #include "platform/ui/ui_services.h"
-#include "qt_test_app.h"
+#include "../../../support/qt_test_app.h"
 
 namespace qx::test {
 namespace {

@@ -6,7 +6,7 @@
 #include "platform/core/base/exception.h"
 #include "platform/ui/qt/qt_popups.h"
 #include "platform/ui/qt/qt_ui_services.h"
-#include "qt_test_app.h"
+#include "../../../support/qt_test_app.h"
 
 namespace qx::test {
 namespace {

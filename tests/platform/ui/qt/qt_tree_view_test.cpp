@@ -13,7 +13,7 @@
 #include "platform/ui/qt/qt_tree_model.h"
 #include "platform/ui/qt/qt_tree_view.h"
 #include "platform/ui/virtual_tree.h"
-#include "qt_test_app.h"
+#include "../../../support/qt_test_app.h"
 
 namespace qx::test {
 namespace {
