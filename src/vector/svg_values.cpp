@@ -1,5 +1,6 @@
 #include "vector/svg_values.h"
 
+#include <algorithm>
 #include <cfloat>
 #include <cmath>
 #include <numbers>
@@ -95,14 +96,18 @@ bool TqxSVGValues::TryStrToDegree(std::string_view S, float& V) {
 }
 
 bool TqxSVGValues::TryStrToRectF(std::string_view S, TRectF& R) {
-  std::vector<float> items;
-  for (const auto& part : SplitString(S, ' ')) {
+  // Four numbers between spaces; read in place, since every document has a viewBox.
+  float items[4];
+  std::size_t count = 0;
+  while (!S.empty()) {
+    const std::size_t end = std::min(S.find(' '), S.size());
+    const std::string_view part = S.substr(0, end);
+    S.remove_prefix(std::min(end + 1, S.size()));
     if (part.empty()) continue;
-    float value = 0;
-    if (!TryStrToFloat(part, value)) return false;
-    items.push_back(value);
+    if (count == 4 || !TryStrToFloat(part, items[count])) return false;
+    ++count;
   }
-  if (items.size() != 4) return false;
+  if (count != 4) return false;
   R.Left = items[0];
   R.Top = items[1];
   R.Right = items[0] + items[2];
