@@ -24,12 +24,17 @@ bool StartsWithBytes(const std::string& s, std::initializer_list<unsigned char> 
   return true;
 }
 
-// A byte order mark or the bytes of "<" in a 16- or 32-bit form: pugixml
-// recognises these on its own.
-bool IsWideEncoding(const std::string& s) {
-  return StartsWithBytes(s, {0xFE, 0xFF}) || StartsWithBytes(s, {0xFF, 0xFE}) ||
-         StartsWithBytes(s, {0x00, 0x00, 0xFE, 0xFF}) || StartsWithBytes(s, {0x00, '<'}) ||
-         StartsWithBytes(s, {'<', 0x00}) || StartsWithBytes(s, {0x00, 0x00, 0x00, '<'});
+// The encoding of a 16- or 32-bit text, told by its byte order mark or by the
+// bytes of its first "<"; empty for an 8-bit text. With a mark, iconv takes
+// the byte order from it and drops it.
+std::string WideEncoding(const std::string& s) {
+  if (StartsWithBytes(s, {0x00, 0x00, 0xFE, 0xFF}) || StartsWithBytes(s, {0xFF, 0xFE, 0x00, 0x00})) return "UTF-32";
+  if (StartsWithBytes(s, {0xFE, 0xFF}) || StartsWithBytes(s, {0xFF, 0xFE})) return "UTF-16";
+  if (StartsWithBytes(s, {0x00, 0x00, 0x00, '<'})) return "UTF-32BE";
+  if (StartsWithBytes(s, {'<', 0x00, 0x00, 0x00})) return "UTF-32LE";
+  if (StartsWithBytes(s, {0x00, '<'})) return "UTF-16BE";
+  if (StartsWithBytes(s, {'<', 0x00})) return "UTF-16LE";
+  return {};
 }
 
 // A declaration read from 8-bit bytes that names a wide encoding is wrong about
@@ -117,20 +122,22 @@ std::string DeclaredXmlEncoding(const std::string& ABytes) {
 std::unique_ptr<pugi::xml_document> LoadXmlDocument(const std::string& ABytes, bool AIsText) {
   auto doc = std::make_unique<pugi::xml_document>();
   const unsigned options = pugi::parse_default | pugi::parse_fragment;
-  pugi::xml_parse_result result;
-  if (IsWideEncoding(ABytes)) {
-    result = doc->load_buffer(ABytes.data(), ABytes.size(), options, pugi::encoding_auto);
-  } else {
-    const std::string encoding = DeclaredXmlEncoding(ABytes);
-    const bool utf8 = IsUtf8Name(encoding) || (AIsText && IsValidUtf8(ABytes));
-    std::string converted;
-    if (!utf8) converted = ConvertToUtf8(ABytes, encoding);
-    const std::string* text = utf8 ? &ABytes : &converted;
-    if (!IsValidUtf8(*text)) throw Exception("XML is not well-formed: the text is not valid UTF-8");
-    std::string expanded;
-    if (ExpandXmlEntities(*text, expanded)) text = &expanded;
-    result = doc->load_buffer(text->data(), text->size(), options, pugi::encoding_utf8);
+  // Everything is turned into UTF-8 first, so that entities are expanded in
+  // one place whatever the encoding.
+  std::string converted;
+  const std::string* text = &ABytes;
+  if (const std::string wide = WideEncoding(ABytes); !wide.empty()) {
+    converted = ConvertToUtf8(ABytes, wide);
+    text = &converted;
+  } else if (const std::string encoding = DeclaredXmlEncoding(ABytes);
+             !IsUtf8Name(encoding) && !(AIsText && IsValidUtf8(ABytes))) {
+    converted = ConvertToUtf8(ABytes, encoding);
+    text = &converted;
   }
+  if (!IsValidUtf8(*text)) throw Exception("XML is not well-formed: the text is not valid UTF-8");
+  std::string expanded;
+  if (ExpandXmlEntities(*text, expanded)) text = &expanded;
+  const pugi::xml_parse_result result = doc->load_buffer(text->data(), text->size(), options, pugi::encoding_utf8);
   if (!result)
     throw Exception(Format("XML is not well-formed: %s at offset %d",
                            {result.description(), static_cast<std::int64_t>(result.offset)}));

@@ -125,5 +125,25 @@ TEST(SvgXmlInputTest, InternalEntitiesAreExpandedExternalOnesRefused) {
   EXPECT_EQ(test::Dump(drawn.Commands)[1], "brush fill=#f44336 rule=nonzero width=2");
 }
 
+// Entities are declared and used the same way in 16- and 32-bit files, with
+// or without a byte order mark; an odd byte left over is an error.
+TEST(SvgXmlInputTest, WideTextsExpandEntitiesToo) {
+  const std::string text = "<!DOCTYPE svg [<!ENTITY red \"#FF0000\">]><svg fill=\"&red;\"/>";
+  auto widen = [&](std::string bom, int width, bool bigEndian) {
+    for (char c : text) {
+      const std::string pad(width - 1, '\0');
+      bom += bigEndian ? pad + c : c + pad;
+    }
+    return bom;
+  };
+  const std::string wide[] = {widen("", 2, false), widen("\xFE\xFF", 2, true), widen("", 4, true),
+                              widen(std::string("\xFF\xFE\0\0", 4), 4, false)};
+  for (const std::string& bytes : wide) {
+    SCOPED_TRACE(bytes.size());
+    EXPECT_STREQ(LoadXmlDocument(bytes)->document_element().attribute("fill").value(), "#FF0000");
+  }
+  EXPECT_THROW(LoadXmlDocument(wide[0] + ' '), Exception);
+}
+
 }  // namespace
 }  // namespace qx
