@@ -26,13 +26,11 @@ std::string Brush(const std::string& attributes, const std::string& sheet = "") 
 TEST(SvgReaderPaintTest, FillComesFromAttributeThenStyleThenClass) {
   const std::string sheet = ".a{fill:blue}";
   EXPECT_EQ(Brush(R"(fill="red" style="fill:blue")"), "brush fill=#FFFF0000 rule=nonzero");
-  EXPECT_EQ(Brush(R"(class="a" fill="red")", sheet), "brush fill=#FFFF0000 rule=nonzero");
   EXPECT_EQ(Brush(R"(class="a" style="fill:red")", sheet), "brush fill=#FFFF0000 rule=nonzero");
   EXPECT_EQ(Brush(R"(class="a")", sheet), "brush fill=#FF0000FF rule=nonzero");
   // Keywords resolve, "none" is transparent black, anything else stays text.
   EXPECT_EQ(Brush(R"(fill="none" stroke="none")"), "brush fill=#00000000 rule=nonzero stroke=#00000000");
   EXPECT_EQ(Brush(R"(fill="currentColor" stroke="inherit")"), "brush fill=currentColor rule=nonzero stroke=inherit");
-  EXPECT_EQ(Brush(R"(fill="#abc")"), "brush fill=#abc rule=nonzero");
 }
 
 TEST(SvgReaderPaintTest, ClassBeatsTheElementForEverythingButFill) {
@@ -51,7 +49,6 @@ TEST(SvgReaderPaintTest, ClassBeatsTheElementForEverythingButFill) {
 }
 
 TEST(SvgReaderPaintTest, OpacitiesCombineAttributesInTheirOrder) {
-  EXPECT_EQ(Brush(R"(opacity="0.5")"), "brush fill-opacity=0.5 rule=nonzero stroke-opacity=0.5");
   EXPECT_EQ(Brush(R"(opacity="0.5" fill-opacity="1")"), "brush fill-opacity=1 rule=nonzero stroke-opacity=0.5");
   EXPECT_EQ(Brush(R"(style="opacity:0.5" stroke-opacity="0.25")"),
             "brush fill-opacity=0.5 rule=nonzero stroke-opacity=0.25");
@@ -61,31 +58,25 @@ TEST(SvgReaderPaintTest, OpacitiesCombineAttributesInTheirOrder) {
 }
 
 TEST(SvgReaderPaintTest, StyleAttributeIsLowerCasedAndTakenLiterally) {
-  EXPECT_EQ(Brush(R"(style="fill:#ff0000")"), "brush fill=#ff0000 rule=nonzero");
   // The blank after ":" stays in the value, a blank before it hides the name.
   EXPECT_EQ(Brush(R"(style="fill: #ff0000")"), "brush fill= #ff0000 rule=nonzero");
   EXPECT_EQ(Brush(R"(style="fill :red; stroke-width: 3")"), "brush rule=nonzero width=3");
   EXPECT_EQ(Brush(R"(style="FILL:RED")"), "brush fill=#FFFF0000 rule=nonzero");
   // Only eight names are known there: no stroke colour, no separate opacities.
   EXPECT_EQ(Brush(R"(style="stroke:#000;fill-opacity:0.5;stroke-opacity:0.5")"), "brush rule=nonzero");
-  EXPECT_EQ(Brush(R"(style="")"), "brush rule=nonzero");
   EXPECT_EQ(Brush(R"(style=";;fill:red;fill:blue;")"), "brush fill=#FFFF0000 rule=nonzero");
-}
-
-TEST(SvgReaderPaintTest, DashArraySeparatorDependsOnTheSource) {
+  // The dash array's separator depends on the source.
   EXPECT_EQ(Brush(R"(stroke-dasharray="4 2")"), "brush rule=nonzero dash=4,2");
   EXPECT_EQ(Brush(R"(stroke-dasharray="4,2")"), "brush rule=nonzero");
   EXPECT_EQ(Brush(R"(style="stroke-dasharray:4,2")"), "brush rule=nonzero dash=4,2");
-  EXPECT_EQ(Brush(R"(style="stroke-dasharray:4 2")"), "brush rule=nonzero");
 }
 
-TEST(SvgReaderPaintTest, ClassAttributeIsOneCaseInsensitiveKey) {
-  const std::string sheet = ".st0{fill:#010101;}";
-  EXPECT_EQ(Brush(R"(class="st0")", sheet), "brush fill=#010101 rule=nonzero");
-  EXPECT_EQ(Brush(R"(class="ST0")", sheet), "brush fill=#010101 rule=nonzero");
+TEST(SvgReaderPaintTest, ClassAttributeIsOneCaseInsensitiveKeyAndSheetValuesAreLowerCased) {
+  const std::string sheet = ".st0{FILL:RED;}.bad{stroke-width:wide;stroke-linecap:flat;fill-rule:nonzero}";
+  EXPECT_EQ(Brush(R"(class="ST0")", sheet), "brush fill=#FFFF0000 rule=nonzero");
   EXPECT_EQ(Brush(R"(class=" st0")", sheet), "brush rule=nonzero");
   EXPECT_EQ(Brush(R"(class="st0 other")", sheet), "brush rule=nonzero");
-  EXPECT_EQ(Brush(R"(class="unknown")", sheet), "brush rule=nonzero");
+  EXPECT_EQ(Brush(R"(class="bad" stroke-width="3")", sheet), "brush rule=nonzero width=3");
 }
 
 TEST(SvgReaderPaintTest, BadValuesAreDroppedSilentlyButRawNumbersRaise) {
@@ -94,13 +85,11 @@ TEST(SvgReaderPaintTest, BadValuesAreDroppedSilentlyButRawNumbersRaise) {
   EXPECT_EQ(Brush(R"(fill-rule="EVENODD")"), "brush rule=evenodd");
   EXPECT_EQ(Brush(R"(fill-rule="bogus" style="fill-rule:evenodd")"), "brush rule=nonzero");
 
-  for (const char* attributes : {R"(fill-opacity="50%")", R"(stroke-opacity="x")", R"(stroke-dashoffset="2px")",
-                                 R"(stroke-opacity="")"}) {
-    SCOPED_TRACE(attributes);
+  for (const char* attributes : {R"(fill-opacity="50%")", R"(stroke-dashoffset="2px")", R"(stroke-opacity="")"}) {
     TqxVectorDocument doc;
     TqxVectorReaderSVG reader(doc);
     std::istringstream stream(std::string("<svg width=\"1\" height=\"1\"><g ") + attributes + "/></svg>");
-    EXPECT_THROW(reader.LoadFromStream(stream), Exception);
+    EXPECT_THROW(reader.LoadFromStream(stream), Exception) << attributes;
   }
 }
 

@@ -48,19 +48,6 @@ TEST(SvgReaderShapesTest, EveryShapeBecomesItsExactPathText) {
                              }));
 }
 
-TEST(SvgReaderShapesTest, EachShapeDrawsInAGroupOfItsOwnWithItsBrush) {
-  TqxVectorDocument document;
-  TqxVectorReaderSVG reader(document);
-  std::istringstream svg(
-      R"svg(<svg width="4" height="4"><g transform="scale(2)"><rect fill="red" transform="translate(1 1)"/></g></svg>)svg");
-  reader.LoadFromStream(svg);
-
-  // The shape's own transform opens a group around the shape's group.
-  EXPECT_EQ(test::Dump(document.Commands),
-            (Lines{"{", "brush rule=nonzero", "transform 2 0 0 2 0 0", "{", "transform 1 0 0 1 1 1", "{", "brush fill=#FFFF0000 rule=nonzero",
-                   "path M0.00, 0.00 L0.00, 0.00 0.00, 0.00 0.00, 0.00 Z", "}", "}", "}"}));
-}
-
 TEST(SvgReaderShapesTest, AnUnreadableShapeIsLeftOutWithOneWarning) {
   TqxVectorDocument document;
   TqxVectorReaderSVG reader(document);
