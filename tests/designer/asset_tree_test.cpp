@@ -1,7 +1,12 @@
 #include "designer/asset_tree.h"
 
+#include <gtest/gtest.h>
+
+#include "designer/asset_views.h"
 #include "designer_fixture.h"
+#include "frames/assets_view.h"
 #include "platform/core/assets/asset_bitmap_set.h"
+#include "platform/core/assets/asset_color.h"
 #include "platform/core/assets/bitmap_info.h"
 #include "platform/core/base/exception.h"
 
@@ -22,7 +27,6 @@ TEST_F(AssetTreeTest, FoldersAndThemesStandBeforeAssetsAndCaptionsSortOrdinally)
   std::string text;
   VT().OnGetText(&VT(), Node("A"), 1, text);
   EXPECT_EQ(text, "#00000000") << "the info column shows the kind's additional text";
-  EXPECT_THROW(VT().OnGetText(&VT(), Node("A"), 2, text), EqxAssertError);
 }
 
 TEST_F(AssetTreeTest, PathsMatchFoldersIgnoringCaseWhileFindsAreExact) {
@@ -37,16 +41,11 @@ TEST_F(AssetTreeTest, PathsMatchFoldersIgnoringCaseWhileFindsAreExact) {
   EXPECT_EQ(Tree().GetAssetName(blue), "Icons\\Blue");
   EXPECT_EQ(Tree().GetPathForNode(blue), "Icons\\Blue\\");
   EXPECT_EQ(Node("Icons"), nullptr) << "the last part names an asset, not a folder";
-  EXPECT_EQ(Tree().GetPathForNode(nullptr), "");
   EXPECT_THROW(Tree().GetAssetName(nullptr), EqxAssertError);
-  EXPECT_THROW(Tree().GetNodeData(nullptr), EqxAssertError);
 
-  TVirtualNode* icons = Folder("Icons");
-  TVirtualNode* red = Node("Icons\\Red");
-  EXPECT_EQ(Tree().GenerateNodeName("Red", icons), "Red-1");
-  EXPECT_EQ(Tree().GenerateNodeName("red", icons), "red");
-  EXPECT_EQ(Tree().GenerateNodeName("Red", icons, red), "Red");
-  EXPECT_EQ(Tree().GenerateNodeName("Icons", nullptr), "Icons-1");
+  EXPECT_EQ(Tree().GenerateNodeName("Red", Folder("Icons")), "Red-1");
+  EXPECT_EQ(Tree().GenerateNodeName("red", Folder("Icons")), "red");
+  EXPECT_EQ(Tree().GenerateNodeName("Red", Folder("Icons"), Node("Icons\\Red")), "Red");
 }
 
 TEST_F(AssetTreeTest, LoadPutsThemesFirstSoMembersJoinThemAndRestoresBitmapScales) {
@@ -64,7 +63,7 @@ TEST_F(AssetTreeTest, LoadPutsThemesFirstSoMembersJoinThemAndRestoresBitmapScale
 
   Frame.Load();
   EXPECT_EQ(Dump(), "Dark<Primary> Zeta{x} Logo a");
-  EXPECT_EQ(logo->GetBitmapInfos().size(), 5u);
+  EXPECT_EQ(logo->GetBitmapInfos().size(), 5u) << "the missing scales are back";
   EXPECT_EQ(Tree().il24x24.Count(), TqxAssetTree::kStockImageCount + 4) << "previews of the colours and the set";
   Frame.Load();
   EXPECT_EQ(Tree().il24x24.Count(), TqxAssetTree::kStockImageCount + 4) << "a reload drops the earlier previews";
@@ -81,24 +80,6 @@ TEST_F(AssetTreeTest, ModelEventsMoveAndDropNodes) {
   EXPECT_EQ(Dump(), "Dark<Primary> Other{Deep{Red}}") << "the emptied folder goes";
   Model().RemovePath("Dark\\");
   EXPECT_EQ(Dump(), "Dark<> Other{Deep{Red}}");
-}
-
-TEST_F(AssetTreeTest, SelectionShowsAssetsDirectlyInSelectedFolders) {
-  Model().AddColor("Icons\\Red", 0);
-  Model().AddColor("Icons\\Sub\\Blue", 0);
-  Model().AddColor("Green", 0);
-  int rebuilds = 0;
-  Tree().FOnSelectedViewsChanged = [&] { ++rebuilds; };
-
-  Select({Folder("Icons"), Node("Green")});
-  EXPECT_EQ(Tree().SelectedViews(), (std::vector<TVirtualNode*>{Node("Icons\\Red"), Node("Green")}));
-  EXPECT_GT(rebuilds, 0);
-
-  std::vector<TVirtualNode*> removed;
-  Tree().FOnViewRemoved = [&](TVirtualNode* node) { removed.push_back(node); };
-  TVirtualNode* red = Node("Icons\\Red");
-  Model().Remove("Icons\\Red");
-  EXPECT_EQ(removed, std::vector<TVirtualNode*>{red});
 }
 
 class InPlaceRenameTest : public DesignerTest {
@@ -122,28 +103,24 @@ TEST_F(InPlaceRenameTest, AssetTakesAFreeCaptionAmongItsSiblings) {
   EXPECT_EQ(Ui.Queue.Count(), 0);
 }
 
-TEST_F(InPlaceRenameTest, FolderRenamesItsAssetsOnceTheEditHasEnded) {
+TEST_F(InPlaceRenameTest, FoldersAndThemesRenameTheirMembersOnceTheEditHasEnded) {
+  Model().AddThemeContainer("Dark");
+  Model().AddColor("Dark\\Primary", 0);
+  Edit(Node("Dark"), "Night");
+  EXPECT_EQ(Names(), "Dark\\Primary Night") << "a theme's container is renamed at once";
+  Ui.Queue.ProcessAll();
+  EXPECT_EQ(Dump(), "Night<Primary>");
+
   Model().AddColor("Icons\\Red", 0);
   Model().AddColor("Icons\\Sub\\Blue", 0);
   Model().AddColor("Pics\\Green", 0);
   Select({Folder("Icons")});
 
   Edit(Folder("Icons"), "Pics");
-  EXPECT_EQ(Dump(), "Icons{Sub{Blue} Red} Pics{Green}") << "nothing moves before the queue runs";
+  EXPECT_EQ(Dump(), "Icons{Sub{Blue} Red} Night<Primary> Pics{Green}") << "nothing moves before the queue runs";
   Ui.Queue.ProcessAll();
-  EXPECT_EQ(Names(), "Pics-1\\Red Pics-1\\Sub\\Blue Pics\\Green");
-  EXPECT_EQ(Dump(), "Pics{Green} Pics-1{Sub{Blue} Red}");
-}
-
-TEST_F(InPlaceRenameTest, ThemeRenamesItsContainerAtOnceAndItsMembersLater) {
-  Model().AddThemeContainer("Dark");
-  Model().AddColor("Dark\\Primary", 0);
-
-  Edit(Node("Dark"), "Night");
-  EXPECT_EQ(Names(), "Dark\\Primary Night");
-  Ui.Queue.ProcessAll();
-  EXPECT_EQ(Names(), "Night Night\\Primary");
-  EXPECT_EQ(Dump(), "Night<Primary>");
+  EXPECT_EQ(Names(), "Night Night\\Primary Pics-1\\Red Pics-1\\Sub\\Blue Pics\\Green");
+  EXPECT_EQ(Dump(), "Night<Primary> Pics{Green} Pics-1{Sub{Blue} Red}");
 }
 
 TEST_F(AssetTreeTest, SelectingByNameExpandsThePathOrDoesNothing) {
@@ -155,10 +132,60 @@ TEST_F(AssetTreeTest, SelectingByNameExpandsThePathOrDoesNothing) {
   EXPECT_TRUE(VT().Expanded(Folder("Icons\\Sub")));
 
   VT().ClearSelection();
-  Tree().SetInitialAssetName("Icons\\Missing");
-  EXPECT_EQ(VT().SelectedCount(), 0);
   Tree().SelectNode("icons\\sub\\blue", true);
   EXPECT_EQ(VT().SelectedCount(), 0) << "selecting by name is exact";
+}
+
+class AssetViewsTest : public DesignerTest {
+protected:
+  AssetViewsTest() {
+    Views.FOnViewsChanged = [this] { ++Rebuilds; };
+    Views.FOnViewRemoved = [this](TAssetsView& view) { Removed.push_back(view.AssetName()); };
+  }
+  std::vector<std::string> ShownNames() {
+    std::vector<std::string> names;
+    for (const auto& [node, view] : Views.Views()) names.push_back(view->AssetName());
+    return names;
+  }
+
+  TqxAssetViews& Views = Frame.Views();
+  int Rebuilds = 0;
+  std::vector<std::string> Removed;
+};
+
+TEST_F(AssetViewsTest, ASelectionShowsOneViewPerAssetAndAFolderOnlyItsOwnAssets) {
+  Model().AddColor("Icons\\Back", 0);
+  Model().AddColor("Icons\\Arrows\\Up", 0);
+  Model().AddColor("Icons\\Add", 0);
+  Model().AddColor("Primary", 0);
+  Rebuilds = 0;
+
+  Select({Folder("Icons"), Node("Primary")});
+  EXPECT_EQ(ShownNames(), (std::vector<std::string>{"Icons\\Add", "Icons\\Back", "Primary"}));
+  EXPECT_GE(Rebuilds, 1);
+
+  VT().ClearSelection();
+  EXPECT_TRUE(Views.Views().empty());
+}
+
+TEST_F(AssetViewsTest, ViewsFollowRenamesDeletionsAndTheirOwnChanges) {
+  TqxAssetColor* color = Model().AddColor("Primary", 0);
+  Model().AddColor("Accent", 0);
+  Select({Node("Primary"), Node("Accent")});
+  Frame.ClearModified();
+
+  // A tile's frame changed the colour: the tree's info column and the document follow.
+  color->SetColor(0xFF336699);
+  TAssetsView* primary = Views.ViewOf(Node("Primary"));
+  ASSERT_EQ(primary->OrderedList().size(), 1u);
+  primary->OrderedList()[0]->FOnNeedUpdatePreview(color);
+  EXPECT_TRUE(Frame.GetModified());
+  EXPECT_EQ(Tree().GetNodeData(Node("Primary"))->Size, "#336699");
+
+  Model().Rename("Primary", "Brand");
+  Model().RemovePath("Accent");
+  EXPECT_EQ(Removed, std::vector<std::string>{"Accent"});
+  EXPECT_EQ(ShownNames(), std::vector<std::string>{"Brand"});
 }
 
 }  // namespace

@@ -85,16 +85,6 @@ TEST_F(AssetsFolderWriterTest, FirstSaveMakesTheFolderAndASecondSaveRemovesWhatN
   TqxAssetsFactory::LoadFromFile(FManager, Config().string());
   Save();
   EXPECT_EQ(ListTree(Assets()), saved);
-
-  // The per-platform files carry the platform's variants only.
-  FManager.Add(std::make_unique<TqxAssetColor>("Colors\\Red", kPlatformIOS, 0, 0xFF00FF00));
-  Save();
-  TqxAssetsManager android;
-  TqxAssetsFactory::LoadFromFile(android, (Assets() / "config-android.json").string());
-  EXPECT_EQ(android.Count(), 2u);
-  TqxAssetsManager ios;
-  TqxAssetsFactory::LoadFromFile(ios, (Assets() / "config-ios.json").string());
-  EXPECT_NE(ios.FindExact("Colors\\Red", kPlatformIOS, 0), nullptr);
 }
 
 TEST_F(AssetsFolderWriterTest, AnAssetThatFailsIsLoggedAndKeepsItsFilesWhileTheOthersAreSaved) {

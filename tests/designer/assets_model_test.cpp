@@ -1,7 +1,5 @@
 #include "designer/assets_model.h"
 
-#include <unistd.h>
-
 #include <filesystem>
 
 #include <gtest/gtest.h>
@@ -9,25 +7,16 @@
 #include "platform/core/assets/asset_bitmap_set.h"
 #include "platform/core/assets/asset_color.h"
 #include "platform/core/assets/asset_font.h"
-#include "platform/core/assets/asset_svg.h"
 #include "platform/core/assets/asset_theme_container.h"
 #include "platform/core/assets/assets_factory.h"
 #include "platform/core/base/exception.h"
 #include "platform/core/graphics/bitmap.h"
+#include "../support/temp_folder.h"
 
 namespace qx {
 namespace {
 
 using Names = std::vector<TqxAssetName>;
-
-const char* OperationName(TqxAssetOperation operation) {
-  switch (operation) {
-    case TqxAssetOperation::Added: return "added";
-    case TqxAssetOperation::Deleting: return "deleting";
-    case TqxAssetOperation::Renamed: return "renamed";
-  }
-  return "?";
-}
 
 // A model whose events are written down in order, as text.
 class AssetsModelTest : public ::testing::Test {
@@ -37,7 +26,8 @@ protected:
       FEvents.push_back("rename " + from + " > " + to);
     };
     FModel.FOnAssetChanged = [this](const TqxAssetName& name, TqxAssetOperation operation) {
-      FEvents.push_back(std::string(OperationName(operation)) + " " + name);
+      const char* verbs[] = {"added", "deleting", "renamed"};
+      FEvents.push_back(verbs[static_cast<int>(operation)] + (" " + name));
     };
   }
 
@@ -59,39 +49,17 @@ protected:
   Names FEvents;
 };
 
-TEST_F(AssetsModelTest, GeneratedNamesSuffixTheWholeNameAndTestOnlyAssetNames) {
-  AddColors({"Color", "Color-1", "Theme-2", "Folder\\Icon"});
-  EXPECT_EQ(FModel.GenerateAssetName("Color"), "Color-2");
-  EXPECT_EQ(FModel.GenerateAssetName("Color-1"), "Color-1-1");
-  EXPECT_EQ(FModel.GenerateAssetName("Theme"), "Theme");  // a later suffix taken doesn't matter
-  EXPECT_EQ(FModel.GenerateAssetName("Folder"), "Folder");  // folders are no assets
-  EXPECT_EQ(FModel.GenerateAssetName("Folder\\Icon"), "Folder\\Icon-1");
-  EXPECT_TRUE(TakeEvents().empty());
-}
-
 TEST_F(AssetsModelTest, AddsRaiseOneEventEachAndMakeAnyTargetAssets) {
   FModel.AddThemeContainer("Light");
   TqxAssetColor* color = FModel.AddColor("Light\\Text", 0xFF102030);
   TqxAssetBitmapSet* set = FModel.AddEmptyBitmapSet("Icon");
   FModel.AddEmptyFont("Font");
-  FModel.AddEmptyFile("File");
-  FModel.AddEmptyStyle("Style");
-  FModel.AddEmptyLottieAnimation("Lottie");
-  TqxAssetSVG* svg = FModel.AddEmptySVG("Svg");
-  EXPECT_EQ(TakeEvents(), (Names{"added Light", "added Light\\Text", "added Icon", "added Font", "added File",
-                                 "added Style", "added Lottie", "added Svg"}));
+  FModel.AddEmptySVG("Svg");
+  EXPECT_EQ(TakeEvents(), (Names{"added Light", "added Light\\Text", "added Icon", "added Font", "added Svg"}));
 
   EXPECT_EQ(color->Color(), 0xFF102030u);
-  EXPECT_EQ(svg->Platform(), kPlatformAny);
-  EXPECT_EQ(svg->DeviceClass(), kDeviceClassAny);
-  std::vector<float> scales;
-  for (auto* info : set->GetBitmapInfos()) {
-    scales.push_back(info->Scale());
-    EXPECT_FALSE(info->HasBitmap());
-  }
-  EXPECT_EQ(scales, (std::vector<float>{1.0f, 1.5f, 2.0f, 3.0f, 4.0f}));
+  EXPECT_EQ(set->GetBitmapInfos().size(), 5u) << "one empty bitmap per scale";
   EXPECT_EQ(FModel.GetAssetsManager().GetThemesNames(), (Names{"Light"}));
-  EXPECT_EQ(FModel.GetAssetsManager().Find("Light")->GetType(), "theme-container");
 }
 
 TEST_F(AssetsModelTest, AddGroupMovesOwnedVariantsWithOneEvent) {
@@ -113,15 +81,12 @@ TEST_F(AssetsModelTest, RenameOntoATakenNameYieldsASuffixAndReportsIt) {
   AddVariant("A", 2, 1, 5);
 
   FModel.Rename("A", "A");
+  FModel.Rename("Missing", "C");  // refused by the manager: silence
   EXPECT_TRUE(TakeEvents().empty());
 
   FModel.Rename("A", "B");
   EXPECT_EQ(TakeEvents(), (Names{"rename A > B-2", "renamed B-2"}));
   EXPECT_EQ(Targets("B-2"), (Names{"default", "ios-phone-small"}));
-  EXPECT_FALSE(FModel.GetAssetsManager().Contains("A"));
-
-  FModel.Rename("Missing", "C");  // refused by the manager: silence
-  EXPECT_TRUE(TakeEvents().empty());
   EXPECT_EQ(AssetNames(), (Names{"B", "B-1", "B-2"}));
 }
 
@@ -129,10 +94,6 @@ TEST_F(AssetsModelTest, RenamePathMovesEachMemberAloneThroughTheUniqueNameRule) 
   FModel.GetAssetsManager().Add(std::make_unique<TqxAssetThemeContainer>("Light"));
   AddColors({"Light\\Text\\Primary", "Light\\Text\\Secondary", "Light\\Icon", "LightBox", "Dark\\Icon"});
   AddVariant("Light\\Icon", 1, 0, 7);
-
-  FModel.RenamePath("Nothing\\", "Else\\");
-  FModel.RenamePath("Light\\", "Light\\");
-  EXPECT_TRUE(TakeEvents().empty());
 
   // A theme's rename: the container, then the members' folder.
   FModel.Rename("Light", "Dark");
@@ -160,13 +121,7 @@ TEST_F(AssetsModelTest, RemovePathTellsFoldersFromAContainersOwnName) {
   EXPECT_EQ(TakeEvents(), (Names{"deleting Light\\A", "deleting Light\\Sub\\B"}));
   EXPECT_EQ(AssetNames(), (Names{"LightBox", "Other"}));
 
-  FModel.RemovePath("Nowhere\\");
-  EXPECT_TRUE(TakeEvents().empty());
   EXPECT_THROW(FModel.RemovePath(""), EqxAssertError);
-
-  FModel.Removes({"Other", "LightBox"});
-  EXPECT_EQ(TakeEvents(), (Names{"deleting Other", "deleting LightBox"}));
-  EXPECT_TRUE(FModel.GetAssetsManager().IsEmpty());
 }
 
 TEST_F(AssetsModelTest, CopyClonesEveryVariantUnderOneNewName) {
@@ -178,20 +133,14 @@ TEST_F(AssetsModelTest, CopyClonesEveryVariantUnderOneNewName) {
   FModel.GetAssetsManager().Add(std::make_unique<TqxAssetBitmapSet>("Icon", 1, 3));
   AddColors({"Icon-1"});
 
-  TqxAsset* last = FModel.Copy("Icon");
+  FModel.Copy("Icon");
   EXPECT_EQ(TakeEvents(), (Names{"added Icon-2"}));
-  ASSERT_NE(last, nullptr);
-  EXPECT_EQ(last->Name(), "Icon-2");
-  EXPECT_EQ(last->GetTargetId(), "ios");
   EXPECT_EQ(Targets("Icon-2"), (Names{"default", "android-phone-large", "ios"}));
 
   auto* copy = dynamic_cast<TqxAssetBitmapSet*>(FModel.GetAssetsManager().FindExact("Icon-2", 0, 0));
   ASSERT_NE(copy, nullptr);
   copy->GetBitmapInfo(1.0f)->GetRawBitmap()->Clear(0);
-  EXPECT_EQ(set->GetBitmapInfo(1.0f)->GetRawBitmap()->GetPixel(0, 0), 0xFF00FF00u);
-
-  EXPECT_EQ(FModel.Copy("Nothing"), nullptr);
-  EXPECT_TRUE(TakeEvents().empty());
+  EXPECT_EQ(set->GetBitmapInfo(1.0f)->GetRawBitmap()->GetPixel(0, 0), 0xFF00FF00u) << "the copy is deep";
 }
 
 TEST_F(AssetsModelTest, CleanUpDropsColourVariantsThatAddNothing) {
@@ -225,8 +174,7 @@ TEST_F(AssetsModelTest, CleanUpDropsColourVariantsThatAddNothing) {
 
 TEST_F(AssetsModelTest, LoadReplacesTheContentsOnlyWhenTheFileExists) {
   namespace fs = std::filesystem;
-  const fs::path dir = fs::temp_directory_path() / ("qx_assets_model_" + std::to_string(::getpid()));
-  fs::create_directories(dir);
+  test::TTempFolder dir("assets-model");
   {
     TqxAssetsManager saved;
     saved.Add(std::make_unique<TqxAssetColor>("Saved", 1, 2, 0xFF123456));
@@ -242,11 +190,7 @@ TEST_F(AssetsModelTest, LoadReplacesTheContentsOnlyWhenTheFileExists) {
 
   FModel.LoadFromFile((dir / "link.json").string());
   EXPECT_EQ(AssetNames(), (Names{"Saved"}));
-  auto* color = dynamic_cast<TqxAssetColor*>(FModel.GetAssetsManager().FindExact("Saved", 1, 2));
-  ASSERT_NE(color, nullptr);
-  EXPECT_EQ(color->Color(), 0xFF123456u);
   EXPECT_TRUE(TakeEvents().empty());
-  fs::remove_all(dir);
 }
 
 }  // namespace
