@@ -96,7 +96,6 @@ TEST_F(StudioWindowTest, AColourAddedRenamedAndDraggedIntoAFolderIsSavedUnderIts
   Window->show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(Window.get()));
   QApplication::setActiveWindow(Window.get());
-  EXPECT_EQ(Window->ProjectPane()->count(), 1);
   EXPECT_TRUE(Window->ProjectPane()->item(0)->font().bold());
 
   // The package's item stands in the Project menu once the idle pass has seen
@@ -169,11 +168,9 @@ TEST_F(StudioWindowTest, AColourAddedRenamedAndDraggedIntoAFolderIsSavedUnderIts
   const std::string config = ReadText(project.parent_path() / "Assets/config.json");
   EXPECT_NE(config.find("\"name\": \"Colors\\\\Brand\""), std::string::npos);
   EXPECT_EQ(config.find("\"name\": \"Brand\""), std::string::npos);
-  EXPECT_EQ(config.find("\"name\": \"Color\""), std::string::npos);
   EXPECT_NE(ReadText(project.parent_path() / "Assets.Consts.pas").find("'Colors\\Brand'"), std::string::npos);
   // The save keeps what was selected.
   EXPECT_TRUE(frame.Tree().VTResources.Selected(Node(frame, "Colors\\Brand")));
-  Shoot(designer, "studio_designer_saved.png");
   Shoot(Window.get(), "studio_window.png");
 
   for (const TqxLogLine& line : Ide->LogLines()) EXPECT_NE(line.Level, TqxLogLevel::Error) << line.Text;
