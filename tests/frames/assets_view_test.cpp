@@ -5,6 +5,7 @@
 
 #include "frames/assets_view.h"
 #include "frames/base_asset_editor_frame.h"
+#include "frames/editor_color.h"
 #include "frames_fixture.h"
 #include "kinds/asset_editor_frames.h"
 #include "platform/core/assets/asset_color.h"
@@ -12,6 +13,9 @@
 #include "platform/core/assets/asset_group.h"
 #include "platform/core/assets/asset_theme_container.h"
 #include "platform/core/base/exception.h"
+#include "platform/core/graphics/bitmap.h"
+#include "platform/core/graphics/color.h"
+#include "platform/designtime/color_picker.h"
 
 namespace qx::test {
 namespace {
@@ -66,22 +70,10 @@ TEST_F(AssetsViewTest, TilesWrapTheirFrame) {
   EXPECT_EQ(tile.Width(), 96);
   EXPECT_EQ(tile.Height(), 90 + TResourceGroupView::kBraceHeight + TResourceGroupView::kTargetNameHeight);
   EXPECT_EQ(tile.Editor()->Left(), 8);
-  EXPECT_EQ(tile.TargetName(), FAssets[0]->GetTargetDeviceDisplayName());
-  EXPECT_EQ(tile.BraceBounds().Bottom, tile.TargetNameBounds().Top);
   EXPECT_EQ(tile.BraceBounds().Top, tile.Editor()->Top() + tile.Editor()->Height());
   View.SetWidth(200);
   View.Realign();
   EXPECT_EQ(Lefts(), std::vector<int>{56});  // alone, centred
-}
-
-TEST_F(AssetsViewTest, FlowLayoutCentresEachRow) {
-  // 96 + 8 twice is 216, above 200: a row each, at 8 + 48.
-  ShowTiles(2, 96);
-  View.SetWidth(200);
-  View.Realign();
-  EXPECT_EQ(Lefts(), (std::vector<int>{56, 56}));
-  const int rowStep = View.OrderedList()[1]->Height() + 8;
-  EXPECT_EQ(Tops(), (std::vector<int>{8, 8 + rowStep}));
 }
 
 TEST_F(AssetsViewTest, FourNarrowTilesFillARowExactly) {
@@ -109,6 +101,7 @@ TEST_F(AssetsViewTest, HostedViewReflowsAndFitsItsHeightOnResize) {
 
   View.SetWidth(220);
   EXPECT_EQ(Lefts(), (std::vector<int>{14, 118, 14, 118}));
+  EXPECT_EQ(Tops(), (std::vector<int>{8, 8, 16 + tileHeight, 16 + tileHeight}));
   EXPECT_EQ(View.Height(), 30 + 8 + 2 * tileHeight + 8);
 
   View.DisableAlign();
@@ -130,9 +123,7 @@ TEST_F(AssetsViewTest, SetGroupOrdersVariantsAndTitlesTheView) {
   for (auto* tile : View.OrderedList()) shown.push_back(tile->Asset());
   EXPECT_EQ(shown, (std::vector<TqxAsset*>{&any, &android, &phone, &ios}));
   EXPECT_EQ(View.Group()->Items(), shown);  // the group itself took the order
-  EXPECT_EQ(View.AssetName(), "Fonts\\Body");
   EXPECT_EQ(View.AssetType(), "font");
-  EXPECT_EQ(View.OrderedList()[1]->TargetName(), android.GetTargetDeviceDisplayName());
 
   // An edit in any frame reaches the view's listener with its asset.
   std::vector<TqxAsset*> updates;
@@ -141,25 +132,87 @@ TEST_F(AssetsViewTest, SetGroupOrdersVariantsAndTitlesTheView) {
   EXPECT_EQ(updates, std::vector<TqxAsset*>{&phone});
 }
 
-TEST_F(AssetsViewTest, RefreshTitleReadsTheFirstVariantsName) {
-  // A rename replaces the variants; the view follows with RefreshTitle.
-  ShowTiles(2, 96);
-  EXPECT_EQ(View.AssetName(), "Tint");
-  auto renamed = std::make_unique<TqxAssetColor>("Colors\\Shade", 0, 0, 0);
-  FGroup.Items()[0] = renamed.get();
-  View.RefreshTitle();
-  EXPECT_EQ(View.AssetName(), "Colors\\Shade");
-  EXPECT_EQ(FGroup.Name(), "Colors\\Shade");
-}
-
 TEST_F(AssetsViewTest, RefusesAssetsWithoutFrames) {
   TResourceGroupView tile;
-  EXPECT_THROW(tile.SetAsset(nullptr), EqxAssertError);
   TqxAssetThemeContainer theme("Dark");
   EXPECT_THROW(tile.SetAsset(&theme), EqxAssertError);
   TAssetsView view;
   EXPECT_THROW(view.SetGroup(static_cast<TqxAssetGroup*>(nullptr)), EqxAssertError);
-  EXPECT_THROW(view.MatchToContent(), EqxAssertError);
+}
+
+using ColorFrameTest = FramesTest;
+
+TEST_F(ColorFrameTest, ShowsTitleHintAndSwatchOfItsColour) {
+  TqxAssetColor red("Red", 0, 0, 0xFFFF0000);
+  TEditorColor frame;
+  int repaints = 0;
+  frame.OnRepaint = [&] { ++repaints; };
+  frame.SetAsset(&red);
+  EXPECT_EQ(frame.Title(), "#FF0000");
+  EXPECT_EQ(frame.Hint(), "R: 255 (#FF)\r\nG: 0 (#00)\r\nB: 0 (#00)\r\nA: 255 (#FF)");
+  EXPECT_GT(repaints, 0);
+
+  TqxBitmap box(64, 64);
+  frame.PaintPreview(box);
+  EXPECT_EQ(box.GetPixel(32, 32), 0xFFFF0000u);
+
+  // Half-transparent blue: the chessboard's two greys show through.
+  TqxAssetColor glass("Glass", 0, 0, 0x800000FF);
+  frame.SetAsset(&glass);
+  EXPECT_EQ(frame.Title(), "#800000FF");
+  frame.PaintPreview(box);
+  const TAlphaColor onWhite = box.GetPixel(4, 4), onGrey = box.GetPixel(12, 4);
+  EXPECT_EQ(AlphaOf(onWhite), 255);
+  EXPECT_NE(onWhite, onGrey);
+  EXPECT_GT(BlueOf(onWhite), RedOf(onWhite));
+}
+
+TEST_F(ColorFrameTest, PickerEditsTheAssetAndReportsEachEdit) {
+  TqxAssetColor color("Accent", 0, 0, 0xFF336699);
+  TEditorColor frame;
+  frame.SetAsset(&color);
+  std::vector<TqxAsset*> changes;
+  frame.FOnChanged = [&](TqxAsset* asset) { changes.push_back(asset); };
+
+  frame.OpenEditor();
+  auto* picker = Ui.Popups.CurrentAs<TqxColorPicker>();
+  ASSERT_NE(picker, nullptr);
+  EXPECT_EQ(Ui.Popups.AnchorOf(picker), &frame);
+  EXPECT_EQ(picker->HexText(), "#336699");
+
+  EXPECT_TRUE(picker->SetHexText(" #80ff0000 "));
+  EXPECT_EQ(color.Color(), 0x80FF0000u);
+  EXPECT_EQ(frame.Title(), "#80FF0000");
+  EXPECT_EQ(frame.Preview()->GetPixel(32, 32) >> 24, 0xFFu);  // blended over the opaque board
+
+  for (const char* bad : {"", "#12345", "FF0000"}) EXPECT_FALSE(picker->SetHexText(bad)) << bad;
+  EXPECT_EQ(color.Color(), 0x80FF0000u);
+  EXPECT_EQ(changes.size(), 1u);
+
+  picker->SetAlpha(255);
+  picker->SetHue(120);  // red turns green at the same saturation and value
+  EXPECT_EQ(color.Color(), 0xFF00FF00u);
+  picker->SetSaturationValue(0, 0.5);
+  EXPECT_EQ(color.Color(), 0xFF808080u);
+  EXPECT_TRUE(picker->HexError().empty());
+  EXPECT_EQ(changes, std::vector<TqxAsset*>(4, &color));
+
+  // A grey colour keeps the hue the user chose.
+  picker->SetColor(0xFF404040);
+  EXPECT_DOUBLE_EQ(picker->Hue(), 120);
+  EXPECT_TRUE(picker->Close());
+  EXPECT_EQ(Ui.Popups.Count(), 0);
+  EXPECT_EQ(frame.OpenPicker(), nullptr);
+}
+
+TEST_F(ColorFrameTest, FrameThatGoesClosesItsPicker) {
+  TqxAssetColor color("Accent", 0, 0, 0xFF336699);
+  auto frame = std::make_unique<TEditorColor>();
+  frame->SetAsset(&color);
+  frame->OpenEditor();
+  ASSERT_EQ(Ui.Popups.Count(), 1);
+  frame.reset();
+  EXPECT_EQ(Ui.Popups.Count(), 0);
 }
 
 }  // namespace

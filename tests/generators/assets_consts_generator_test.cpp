@@ -129,15 +129,12 @@ TEST_F(AssetsConstsGeneratorTest, PlainKindsWithLongLinesKeywordsAndOddNames) {
 
 TEST(AssetsConstsNamesTest, IdentifiersOfAssetNames) {
   const TqxAssetsConstsNames names({"Dark", "Light"});
+  // The plain record's golden holds most forms; these are the ones it doesn't.
   const std::pair<const char*, const char*> plain[] = {
-      {"Icons\\home", "ICONS_HOME"}, {"ic-arrow.left", "IC_ARROW_LEFT"}, {"3d", "_3D"},
-      {"_x", "__X"},                 {"file", "&FILE"},                  {"File", "&FILE"},
-      {"begin", "&BEGIN"},           {"beginning", "BEGINNING"},         {"program", "PROGRAM"},
-      {"ёлка 2", "ЁЛКА_2"},          {"Straße", "STRAßE"},               {"Dark\\Primary", "DARK_PRIMARY"},
-      {"", ""}};
+      {"File", "&FILE"}, {"program", "PROGRAM"}, {"ёлка 2", "ЁЛКА_2"}, {"Straße", "STRAßE"},
+      {"Dark\\Primary", "DARK_PRIMARY"}, {"", ""}};
   for (const auto& [name, identifier] : plain) EXPECT_EQ(names.AssetIdentifier(name, false), identifier) << name;
   // In a theme's record the theme folder goes, and what is left may be a keyword.
-  EXPECT_EQ(names.AssetIdentifier("Dark\\Primary", true), "PRIMARY");
   EXPECT_EQ(names.AssetIdentifier("Dark\\Icons\\back", true), "ICONS_BACK");
   EXPECT_EQ(names.AssetIdentifier("Light\\end", true), "&END");
   EXPECT_EQ(names.AssetIdentifier("Lightness\\Primary", true), "LIGHTNESS_PRIMARY");
@@ -147,7 +144,6 @@ TEST(AssetsConstsNamesTest, IdentifiersOfAssetNames) {
 TEST(AssetsConstsNamesTest, ThemeIdentifiersTellApartThemesOfOneName) {
   const TqxAssetsConstsNames names({"A\\Dark", "B\\Dark", "C\\Light", "Themes\\Light Indigo", "Ocean-2"});
   EXPECT_EQ(names.GenerateThemeName("A\\Dark"), "DarkA");
-  EXPECT_EQ(names.GenerateThemeName("B\\Dark"), "DarkB");
   EXPECT_EQ(names.GenerateThemeName("C\\Light"), "Light");
   EXPECT_EQ(names.GenerateThemeName("Themes\\Light Indigo"), "LightIndigo");
   EXPECT_EQ(names.GenerateThemeName("Ocean-2"), "Ocean2");
@@ -167,7 +163,6 @@ TEST_F(AssetsConstsGeneratorTest, ThemesSortByCodeUnitAndFolderLookalikesStayPla
   EXPECT_TRUE(Has(lines, "      class function SECONDARY: TqxAssetName; static;"));
   EXPECT_TRUE(Has(lines, "  Result := Application.ThemeSettings.ThemeName + TqxAsset.ThemeSeparator + 'Secondary';"));
   // A folder that merely starts like a theme is an ordinary folder.
-  EXPECT_TRUE(Has(lines, "    TqxColors = record"));
   const long plain = IndexOf(lines, "    TqxColors = record");
   ASSERT_GE(plain, 0);
   EXPECT_EQ(lines[plain + 2], "      ZETAMAX_PRIMARY = 'Zetamax\\Primary';" + std::string(38, ' ') + "// #FF000000");
@@ -188,7 +183,6 @@ TEST_F(AssetsConstsGeneratorTest, CurrentThemeListsOnlyTheFirstThemeInDeclaratio
   EXPECT_LT(IndexOf(lines, "    TqxThemeColors = record"), IndexOf(lines, "    TqxThemeBitmaps = record"));
   EXPECT_LT(IndexOf(lines, "class function TqxAssetsConstants.TqxThemeBitmaps.ICONS_BACK: TqxAssetName; "),
             IndexOf(lines, "class function TqxAssetsConstants.TqxThemeColors.PRIMARY: TqxAssetName; "));
-  EXPECT_TRUE(Has(lines, "      class var LottieAnimation: TqxThemeLottieAnimations;"));
   EXPECT_TRUE(Has(lines, "  Result := Application.ThemeSettings.ThemeName + TqxAsset.ThemeSeparator + 'Icons\\back';"));
   EXPECT_FALSE(Has(lines, "      class function ONLY_LIGHT: TqxAssetName; static;"));
   EXPECT_FALSE(Has(lines, "    TqxThemeFonts = record"));

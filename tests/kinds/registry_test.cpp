@@ -13,36 +13,28 @@
 #include "platform/core/assets/asset_svg.h"
 #include "platform/core/assets/asset_theme_container.h"
 #include "platform/core/base/exception.h"
+#include "platform/core/graphics/bitmap.h"
 
 namespace qx {
 namespace {
 
 using test::DataFile;
 
-const std::vector<TqxAssetType> kOrder = {"color", "bitmap-set", "font", "lottie-json",
-                                          "style", "svg",        "file", "theme-container"};
-
 TEST(AssetsEditorsManagerTest, RegistersTheKindsInOrderOnce) {
   TqxAssetsEditorsManager manager;
   RegisterAssetEditors(manager);
-  ASSERT_EQ(manager.OrderedEditors().size(), kOrder.size());
-  for (std::size_t i = 0; i < kOrder.size(); ++i) {
-    EXPECT_EQ(&manager.Editors(kOrder[i]), manager.OrderedEditors()[i].get()) << kOrder[i];
-  }
-  EXPECT_THROW(manager.Editors("Color"), Exception);  // types are exact
-  EXPECT_THROW(manager.Editors("gif"), Exception);
+  const std::vector<TqxAssetType> order = {"color", "bitmap-set", "font", "lottie-json",
+                                           "style", "svg",        "file", "theme-container"};
+  ASSERT_EQ(manager.OrderedEditors().size(), order.size());
+  for (std::size_t i = 0; i < order.size(); ++i)
+    EXPECT_EQ(&manager.Editors(order[i]), manager.OrderedEditors()[i].get()) << order[i];
+  EXPECT_THROW(manager.Editors("Color"), Exception);       // types are exact
   EXPECT_THROW(RegisterAssetEditors(manager), Exception);  // a second registration of a type fails
-  EXPECT_EQ(manager.OrderedEditors().size(), kOrder.size());
 
   // The package's registry: a repeated call changes nothing.
   RegisterAssetEditors();
-  IQuorvexAssetEditor* color = &TqxAssetsEditorsManager::Instance().Editors("color");
   RegisterAssetEditors();
-  EXPECT_EQ(&TqxAssetsEditorsManager::Instance().Editors("color"), color);
-  EXPECT_EQ(TqxAssetsEditorsManager::Instance().OrderedEditors().size(), kOrder.size());
-
-  TqxAssetFont font("Fonts\\Main");
-  EXPECT_EQ(&TqxAssetsEditorsManager::Instance().Editors(font), &TqxAssetsEditorsManager::Instance().Editors("font"));
+  EXPECT_EQ(TqxAssetsEditorsManager::Instance().OrderedEditors().size(), order.size());
 }
 
 TEST(AssetsEditorsManagerTest, DroppedFilesBecomeTheFirstKindThatTakesThem) {
@@ -50,45 +42,24 @@ TEST(AssetsEditorsManagerTest, DroppedFilesBecomeTheFirstKindThatTakesThem) {
   const auto& manager = TqxAssetsEditorsManager::Instance();
   auto typeOf = [&](const std::string& file) { return manager.TryCreateAsset("Dropped", file)->GetType(); };
 
-  EXPECT_EQ(typeOf(DataFile("images/rgba_4x3.png")), "bitmap-set");
   EXPECT_EQ(typeOf("/pictures/PHOTO.JPEG"), "bitmap-set");
-  EXPECT_EQ(typeOf("/pictures/photo.jpg"), "bitmap-set");
   EXPECT_EQ(typeOf(DataFile("images/rgb_4x3.bmp")), "bitmap-set");
-  EXPECT_EQ(typeOf("/pictures/LOGO.PNG"), "bitmap-set");
-  EXPECT_EQ(typeOf(DataFile("kinds/glyphs.otf")), "font");
   EXPECT_EQ(typeOf("/fonts/Body.TTF"), "font");
-  EXPECT_EQ(typeOf(DataFile("kinds/logo.svg")), "svg");
   EXPECT_EQ(typeOf("/art/LOGO.SVG"), "svg");
   // JSON is never taken for an animation or a style.
   EXPECT_EQ(typeOf(DataFile("kinds/pulse.json")), "file");
-  EXPECT_EQ(typeOf(DataFile("kinds/button.json")), "file");
-  EXPECT_EQ(typeOf(DataFile("kinds/notes")), "file");
   EXPECT_EQ(typeOf("/pictures/anim.gif"), "file");
   EXPECT_EQ(typeOf("/folder.png/readme"), "file");  // a point in a folder's name is no extension
 
+  // A picture fills scale 1 of a set with every scale.
   auto dropped = manager.TryCreateAsset("Icons\\Logo", "/pictures/logo.png");
-  auto* set = dynamic_cast<TqxAssetBitmapSet*>(dropped.get());
-  ASSERT_NE(set, nullptr);
-  EXPECT_EQ(set->Name(), "Icons\\Logo");
-  EXPECT_EQ(set->Platform(), 0);
-  EXPECT_EQ(set->DeviceClass(), 0);
-  const auto infos = set->GetBitmapInfos();
+  const auto infos = dynamic_cast<TqxAssetBitmapSet&>(*dropped).GetBitmapInfos();
   ASSERT_EQ(infos.size(), 5u);
-  const float scales[] = {1.0f, 1.5f, 2.0f, 3.0f, 4.0f};
-  for (std::size_t i = 0; i < infos.size(); ++i) {
-    EXPECT_EQ(infos[i]->Scale(), scales[i]);
-    EXPECT_EQ(infos[i]->Uri(), i == 0 ? "/pictures/logo.png" : "");
-  }
-
-  auto font = manager.TryCreateAsset("Fonts\\Body", "/fonts/Body.TTF");
-  EXPECT_EQ(static_cast<TqxAssetFont&>(*font).Uri(), "/fonts/Body.TTF");
-  auto file = manager.TryCreateAsset("Data", "/data/x.json");
-  EXPECT_EQ(static_cast<TqxAssetFile&>(*file).Uri(), "/data/x.json");
+  EXPECT_EQ(infos[0]->Uri(), "/pictures/logo.png");
+  EXPECT_EQ(infos[4]->Scale(), 4.0f);
 
   auto svg = manager.TryCreateAsset("Art\\Logo", DataFile("kinds/logo.svg"));
-  auto& svgAsset = static_cast<TqxAssetSVG&>(*svg);
-  EXPECT_EQ(svgAsset.SVGUri(), DataFile("kinds/logo.svg"));
-  EXPECT_EQ(svgAsset.Size(), (TSizeF{48, 32}));
+  EXPECT_EQ(static_cast<TqxAssetSVG&>(*svg).Size(), (TSizeF{48, 32}));
   // A file that isn't there gives an asset without a size.
   auto missing = manager.TryCreateAsset("Art\\Gone", "/nowhere/gone.svg");
   EXPECT_EQ(static_cast<TqxAssetSVG&>(*missing).Size(), (TSizeF{0, 0}));
@@ -96,6 +67,64 @@ TEST(AssetsEditorsManagerTest, DroppedFilesBecomeTheFirstKindThatTakesThem) {
   for (const char* type : {"color", "lottie-json", "style", "theme-container"}) {
     EXPECT_EQ(manager.Editors(type).TryCreateAsset("X", DataFile("kinds/pulse.json")), nullptr) << type;
   }
+}
+
+
+IQuorvexAssetEditor& Editor(const TqxAssetType& type) {
+  RegisterAssetEditors();
+  return TqxAssetsEditorsManager::Instance().Editors(type);
+}
+
+TEST(AssetKindsTest, InfoTexts) {
+  TqxAssetColor glass("Glass", 0, 0, 0x803366CC);
+  EXPECT_EQ(Editor("color").GetAdditionalInfo(&glass), "#803366CC");
+  TqxAssetFont font("Fonts\\Body");
+  font.SetUri("/fonts.d/Body");  // a point in a folder's name is no extension
+  EXPECT_EQ(Editor("font").GetAdditionalInfo(&font), "");
+  TqxAssetFile file("Data");
+  file.SetUri("C:\\data\\table.Json");
+  EXPECT_EQ(Editor("file").GetAdditionalInfo(&file), "JSON");  // Windows separators, upper case
+  TqxAssetStyle style("Styles\\Button");
+  EXPECT_EQ(Editor("style").GetAdditionalInfo(&style), "None");
+  style.SetUri(DataFile("kinds/button.json"));
+  EXPECT_EQ(Editor("style").GetAdditionalInfo(&style), "TqxButton");
+  TqxAssetSVG svg("Art\\Logo");
+  svg.SetSize({47.6, 31.2});
+  EXPECT_EQ(Editor("svg").GetAdditionalInfo(&svg), "48 x 31");
+
+  // A bitmap set's base size divides by the scale of its best bitmap.
+  TqxAssetBitmapSet set("Icons\\Logo");
+  set.Add(std::make_unique<TqxBitmapInfo>(1.0f));
+  EXPECT_EQ(Editor("bitmap-set").GetAdditionalInfo(&set), "");  // no bitmap anywhere
+
+  // Only a 1.5 picture of 16 x 16: 16 / 1.5 = 10.67 rounds to 11.
+  set.Add(std::make_unique<TqxBitmapInfo>(DataFile("images/blocks_16x16.jpg"), 1.5f));
+  EXPECT_EQ(Editor("bitmap-set").GetAdditionalInfo(&set), "11 x 11");
+
+  // A picture at scale 1 wins: 4 x 3 held in memory.
+  set.GetBitmapInfo(1.0f)->SetBitmap(std::make_unique<TqxBitmap>(4, 3));
+  EXPECT_EQ(Editor("bitmap-set").GetAdditionalInfo(&set), "4 x 3");
+}
+
+TEST(AssetKindsTest, OperationsRefuseNoAssetAndAssetsOfOtherKinds) {
+  TqxAssetColor color("Primary", 0, 0, 0xFF000000);
+  TqxAssetFont font("Fonts\\Body");
+  for (const char* type : {"color", "bitmap-set", "font", "lottie-json", "style", "svg", "file"}) {
+    IQuorvexAssetEditor& editor = Editor(type);
+    TqxAsset* other = std::string(type) == "color" ? static_cast<TqxAsset*>(&font) : &color;
+    EXPECT_THROW(editor.GetAdditionalInfo(other), EqxAssertError) << type;
+    EXPECT_THROW(editor.SaveTo(other, "/tmp"), EqxAssertError) << type;
+    try {
+      editor.GeneratePreview(nullptr, {24, 24});
+      ADD_FAILURE() << type;
+    } catch (const EqxAssertError& e) {
+      EXPECT_NE(std::string(e.what()).find("AResource"), std::string::npos) << e.what();
+    }
+  }
+  // The theme container checks nothing and makes nothing.
+  TqxAssetThemeContainer theme("Dark");
+  EXPECT_EQ(Editor("theme-container").CreateEditor(&theme), nullptr);
+  EXPECT_EQ(Editor("theme-container").GeneratePreview(&theme, {24, 24}), nullptr);
 }
 
 }  // namespace

@@ -60,23 +60,23 @@ TEST_F(SaveSafetyTest, SymbolicLinksInTheWayAreRefusedNotFollowed) {
 
   // A file link where the asset's file goes.
   fs::create_directories(InRoot("Icons/Logo"));
-  WriteBytes(FBase / "Outside" / "victim.png", "keep me");
+  WriteText(FBase / "Outside" / "victim.png", "keep me");
   fs::create_symlink(FBase / "Outside" / "victim.png", InRoot("Icons/Logo/default@10x.png"));
   TqxAssetBitmapSet set("Icons\\Logo");
   auto info = std::make_unique<TqxBitmapInfo>(1.0f);
   info->SetBitmap(std::make_unique<TqxBitmap>(2, 2));
   set.Add(std::move(info));
   EXPECT_THROW(Save(set), Exception);
-  EXPECT_EQ(ReadBytes(FBase / "Outside" / "victim.png"), "keep me");
+  EXPECT_EQ(ReadText(FBase / "Outside" / "victim.png"), "keep me");
 
   // The vector file's place taken by a link.
   fs::create_directories(InRoot("Art/Logo"));
-  WriteBytes(FBase / "Outside" / "victim.vector", "keep me");
+  WriteText(FBase / "Outside" / "victim.vector", "keep me");
   fs::create_symlink(FBase / "Outside" / "victim.vector", InRoot("Art/Logo/default.vector"));
   TqxAssetSVG svg("Art\\Logo");
   svg.SetSVGUri(Source("kinds/logo.svg"));
   EXPECT_THROW(Save(svg), Exception);
-  EXPECT_EQ(ReadBytes(FBase / "Outside" / "victim.vector"), "keep me");
+  EXPECT_EQ(ReadText(FBase / "Outside" / "victim.vector"), "keep me");
 
   // The assets folder itself a link out of the project.
   fs::remove_all(FRoot);
@@ -93,14 +93,14 @@ TEST_F(SaveSafetyTest, SourcesOutsideTheFolderAreOnlyRead) {
   TqxAssetFont font("Fonts\\Body");
   font.SetUri(original);
   Save(font);
-  EXPECT_EQ(ReadBytes(original), ReadBytes(DataFile("kinds/glyphs.otf")));
+  EXPECT_EQ(ReadText(original), ReadText(DataFile("kinds/glyphs.otf")));
   EXPECT_TRUE(fs::exists(original));
   // A leftover temporary name of a write doesn't make the next write fail or follow it.
   fs::create_symlink(FBase / "Outside" / "trap", InRoot("Fonts/Body/default.otf.tmp"));
-  WriteBytes(original, "new glyphs");
+  WriteText(original, "new glyphs");
   font.SetUri(original);
   Save(font);
-  EXPECT_EQ(ReadBytes(InRoot("Fonts/Body/default.otf")), "new glyphs");
+  EXPECT_EQ(ReadText(InRoot("Fonts/Body/default.otf")), "new glyphs");
   EXPECT_FALSE(fs::exists(FBase / "Outside" / "trap"));
 }
 

@@ -39,18 +39,10 @@ TEST_F(AssetsManagerViewTest, TheViewNamesItsProjectAndLoadsItsAssets) {
   ASSERT_NE(view, nullptr);
   EXPECT_EQ(view->GetCaption(), "Assets Manager: Demo.dproj");
   EXPECT_EQ(view->GetViewIdentifier(), "Quorvex.Project.Designer.Assets." + (FRoot / "Demo" / "Demo").string());
-  EXPECT_EQ(view->GetEditorWindowCaption(), "GetEditorWindowCaption");
-  EXPECT_EQ(view->GetTabColor(), 0x0099CC00u);
-  EXPECT_EQ(view->GetImageIndex(), -1);
-  EXPECT_FALSE(view->GetCanCloneView());
-  EXPECT_EQ(view->CloneEditorView(), nullptr);
-  EXPECT_EQ(view->GetEditState(), 0u);
 
   // The host's frame is the view's designer, loaded from the project's folder.
-  TCustomFrame* frame = Views->FrameOf(view);
   ASSERT_NE(view->Frame(), nullptr);
-  EXPECT_EQ(dynamic_cast<TFrameAssetManager*>(frame), view->Frame());
-  EXPECT_EQ(frame->Name, "");
+  EXPECT_EQ(dynamic_cast<TFrameAssetManager*>(Views->FrameOf(view)), view->Frame());
   EXPECT_EQ(view->Frame()->Project(), project);
   EXPECT_GT(view->Frame()->GetAssetsManager().Count(), 0u);
   EXPECT_GE(view->ProjectNotifierId(), 0);
@@ -67,17 +59,13 @@ TEST_F(AssetsManagerViewTest, OpeningAgainBringsUpTheSameViewWithItsUnsavedState
   OpenAssetsManagerDesigner("");
   TqxAssetsManagerView* second = ActiveView();
   EXPECT_NE(second, first);
-  EXPECT_EQ(Views->Count(), 2u);
-  EXPECT_EQ(AssetsManagerViews().size(), 2u);
   EXPECT_EQ(second->Frame()->GetAssetsManager().Count(), 0u);
 
   Host->SetActiveProject(demo);
   OpenAssetsManagerDesigner("Unsaved");
   EXPECT_EQ(ActiveView(), first);
   EXPECT_EQ(Views->Count(), 2u);
-  EXPECT_EQ(ViewOf(demo), first);
   EXPECT_EQ(ViewOf(other), second);
-  EXPECT_TRUE(first->Frame()->GetModified());
   EXPECT_TRUE(first->Frame()->GetAssetsManager().Contains("Unsaved"));
 }
 
@@ -94,7 +82,6 @@ TEST_F(AssetsManagerViewTest, ClosingTheTabLeavesTheTableAndReopeningReadsTheDis
 
   Ui.Dialogs.AnswerMessage(mrNo);
   EXPECT_TRUE(Views->CloseEditorView(first->shared_from_this()));
-  EXPECT_EQ(Views->Count(), 0u);
   EXPECT_EQ(ViewOf(demo), nullptr);
   EXPECT_EQ(ConfigOf(demo), diskBefore);
   // The project still holds the closed view as its notifier.
@@ -111,7 +98,6 @@ TEST_F(AssetsManagerViewTest, ClosingTheTabLeavesTheTableAndReopeningReadsTheDis
   auto keepFirst = first->shared_from_this();
   Host->CloseProject(demo);
   EXPECT_EQ(keepFirst->ProjectNotifierId(), -1);
-  EXPECT_TRUE(keepFirst->IsProjectDestroying());
   EXPECT_TRUE(AssetsManagerViews().empty());
   EXPECT_EQ(Views->Count(), 0u);
   EXPECT_EQ(Ui.Dialogs.PendingAnswers(), 0);
@@ -134,14 +120,12 @@ TEST_F(AssetsManagerViewTest, AGoingProjectAsksOnceAndYesSavesWithoutDeployment)
   TMessageManager::DefaultManager().Unsubscribe(subscription);
 
   ASSERT_EQ(Ui.Dialogs.Shown().size(), 1u);
-  EXPECT_EQ(Ui.Dialogs.Shown()[0].Message,
-            "The assets designer is closing. Would you like to save all changes?");
+  EXPECT_EQ(Ui.Dialogs.Shown()[0].Message, "The assets designer is closing. Would you like to save all changes?");
   EXPECT_NE(ConfigOf(demo).find("Kept"), std::string::npos);
   // Saved as for a going project: the deployment entries aren't rewritten.
   EXPECT_EQ(demo->PendingText(), pendingBefore);
   EXPECT_EQ(released, std::vector<TGUID>{guid});
   EXPECT_EQ(Views->Count(), 0u);
-  EXPECT_TRUE(AssetsManagerViews().empty());
 }
 
 TEST_F(AssetsManagerViewTest, AGoingProjectAnsweredNoOrCancelSavesNothing) {
@@ -168,12 +152,10 @@ TEST_F(AssetsManagerViewTest, AGoingProjectAnsweredNoOrCancelSavesNothing) {
   Ui.Dialogs.AnswerMessage(mrCancel);
   auto keep = notesView->shared_from_this();
   Host->CloseProject(notes);
-  EXPECT_EQ(Views->Count(), 1u);
   EXPECT_EQ(Views->ActiveView(), notesView);
   EXPECT_EQ(ViewOf(notes), nullptr);
   EXPECT_EQ(notesView->ProjectNotifierId(), -1);
   EXPECT_FALSE(fs::exists(fs::path(notes->GetFileName()).parent_path() / "Assets" / "config.json"));
-  EXPECT_EQ(notesView->GetCaption(), "Assets Manager: notes_combined.dproj");
   EXPECT_EQ(Ui.Dialogs.PendingAnswers(), 0);
   notesView->Frame()->ClearModified();
 }
