@@ -1,17 +1,13 @@
 #include "designer/assets_model.h"
 
-#include <filesystem>
-
 #include <gtest/gtest.h>
 
 #include "platform/core/assets/asset_bitmap_set.h"
 #include "platform/core/assets/asset_color.h"
 #include "platform/core/assets/asset_font.h"
 #include "platform/core/assets/asset_theme_container.h"
-#include "platform/core/assets/assets_factory.h"
 #include "platform/core/base/exception.h"
 #include "platform/core/graphics/bitmap.h"
-#include "../support/temp_folder.h"
 
 namespace qx {
 namespace {
@@ -48,19 +44,6 @@ protected:
   TqxAssetsModel FModel;
   Names FEvents;
 };
-
-TEST_F(AssetsModelTest, AddsRaiseOneEventEachAndMakeAnyTargetAssets) {
-  FModel.AddThemeContainer("Light");
-  TqxAssetColor* color = FModel.AddColor("Light\\Text", 0xFF102030);
-  TqxAssetBitmapSet* set = FModel.AddEmptyBitmapSet("Icon");
-  FModel.AddEmptyFont("Font");
-  FModel.AddEmptySVG("Svg");
-  EXPECT_EQ(TakeEvents(), (Names{"added Light", "added Light\\Text", "added Icon", "added Font", "added Svg"}));
-
-  EXPECT_EQ(color->Color(), 0xFF102030u);
-  EXPECT_EQ(set->GetBitmapInfos().size(), 5u) << "one empty bitmap per scale";
-  EXPECT_EQ(FModel.GetAssetsManager().GetThemesNames(), (Names{"Light"}));
-}
 
 TEST_F(AssetsModelTest, AddGroupMovesOwnedVariantsWithOneEvent) {
   TqxAssetGroup group("Brand");
@@ -169,27 +152,6 @@ TEST_F(AssetsModelTest, CleanUpDropsColourVariantsThatAddNothing) {
   EXPECT_EQ(Targets("NoDefault"), (Names{"android"}));
   EXPECT_EQ(Targets("Mixed"), (Names{"default"}));
   EXPECT_EQ(Targets("Font"), (Names{"android"}));
-  EXPECT_TRUE(TakeEvents().empty());
-}
-
-TEST_F(AssetsModelTest, LoadReplacesTheContentsOnlyWhenTheFileExists) {
-  namespace fs = std::filesystem;
-  test::TTempFolder dir("assets-model");
-  {
-    TqxAssetsManager saved;
-    saved.Add(std::make_unique<TqxAssetColor>("Saved", 1, 2, 0xFF123456));
-    TqxAssetsFactory::SaveConfigToFile(saved, (dir / "config.json").string(), TqxWritingOptions::Default());
-  }
-  fs::create_symlink(dir / "config.json", dir / "link.json");
-
-  FModel.LoadFromFile((dir / "missing.json").string());
-  EXPECT_TRUE(FModel.GetAssetsManager().IsEmpty());  // a project without assets starts empty
-  AddColors({"Local"});
-  FModel.LoadFromFile((dir / "missing.json").string());
-  EXPECT_EQ(AssetNames(), (Names{"Local"}));
-
-  FModel.LoadFromFile((dir / "link.json").string());
-  EXPECT_EQ(AssetNames(), (Names{"Saved"}));
   EXPECT_TRUE(TakeEvents().empty());
 }
 
