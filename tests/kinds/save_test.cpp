@@ -139,20 +139,6 @@ TEST_F(SaveToTest, BitmapSetWritesOnePngNamePerFilledScale) {
   EXPECT_EQ(set.GetBitmapInfo(2.0f)->Uri(), "");
 }
 
-TEST_F(SaveToTest, SvgCopiesItsSourceAndCompilesTheVectorFileBesideIt) {
-  TqxAssetSVG svg("Art\\Logo");
-  svg.SetSVGUri(Source("kinds/logo.svg"));
-  const TqxFileNames files = Save(svg);
-  ASSERT_EQ(files, (TqxFileNames{InRoot("Art/Logo/default.svg"), InRoot("Art/Logo/default.vector")}));
-  EXPECT_EQ(svg.SVGUri(), "Art\\Logo\\default.svg");
-  EXPECT_EQ(svg.VectorUri(), "Art\\Logo\\default.vector");
-  TqxVectorDocument compiled;
-  compiled.LoadFromFile(files[1]);
-  EXPECT_EQ(compiled.Size, (TSizeF{48, 32}));
-  EXPECT_EQ(compiled.Commands.size(), svg.VectorDocument().Commands.size());
-
-}
-
 TEST_F(SaveToTest, FailuresReachTheCallerAndKeepWhatWasWritten) {
   // Where the asset's folder should be, a file stands.
   fs::create_directories(FRoot);
