@@ -49,7 +49,8 @@ TEST_F(DesignerWidgetTest, EveryPictureTheDesignerNamesIsDrawn) {
   // Every action with a picture shows it.
   for (int i = 0; i < Frame.Commands().ActionList.Count(); ++i) {
     TAction* action = Frame.Commands().ActionList.Actions(i);
-    if (action->ImageIndex() >= 0) EXPECT_FALSE(IsBlank(*Frame.Commands().ImageCollection.Get(action->ImageIndex())));
+    if (action->ImageIndex() < 0) continue;
+    EXPECT_FALSE(IsBlank(*Frame.Commands().ImageCollection.Get(action->ImageIndex()))) << action->Name;
   }
 }
 
