@@ -2,90 +2,57 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <random>
 #include <string>
 #include <vector>
 
+#include "../../support/error_message.h"
+#include "../../support/pixels.h"
+#include "../../support/temp_folder.h"
 #include "platform/core/base/exception.h"
 #include "platform/core/graphics/canvas.h"
+#include "platform/core/graphics/png_writer.h"
 
 namespace qx {
 namespace {
 
-namespace fs = std::filesystem;
+using test::Near;
 
 std::string Image(const char* name) { return std::string(QX_TEST_DATA_DIR) + "/images/" + name; }
 
 std::vector<std::uint8_t> ReadBytes(const std::string& fileName) {
-  std::ifstream in(fileName, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-::testing::AssertionResult Near(TAlphaColor actual, TAlphaColor expected, int tolerance) {
-  for (int shift : {24, 16, 8, 0}) {
-    const int a = int((actual >> shift) & 0xFF), e = int((expected >> shift) & 0xFF);
-    if (std::abs(a - e) > tolerance)
-      return ::testing::AssertionFailure() << std::hex << "0x" << actual << " is not near 0x" << expected;
-  }
-  return ::testing::AssertionSuccess();
+  const std::string text = test::ReadText(fileName);
+  return {text.begin(), text.end()};
 }
 
 class BitmapFileTest : public ::testing::Test {
 protected:
-  void SetUp() override {
-    FDir = fs::temp_directory_path() / ("qx_bitmap_test_" + std::to_string(std::random_device{}()));
-    fs::create_directories(FDir);
-  }
-  void TearDown() override { fs::remove_all(FDir); }
-
   std::string Temp(const std::string& name) const { return (FDir / name).string(); }
   std::string Write(const std::string& name, const std::vector<std::uint8_t>& bytes) const {
-    std::ofstream out(Temp(name), std::ios::binary);
-    out.write(reinterpret_cast<const char*>(bytes.data()), std::streamsize(bytes.size()));
+    test::WriteText(FDir / name, {bytes.begin(), bytes.end()});
     return Temp(name);
   }
 
-  fs::path FDir;
+  test::TTempFolder FDir{"bitmap"};
 };
 
 TEST_F(BitmapFileTest, LoadsPngJpegAndBmpWithStraightColours) {
   const auto png = TqxBitmap::LoadFromFile(Image("rgba_4x3.png"));
   ASSERT_EQ(png->Width(), 4);
-  ASSERT_EQ(png->Height(), 3);
-  EXPECT_EQ(png->GetPixel(0, 0), 0xFFFF0000u);
-  EXPECT_EQ(png->GetPixel(1, 0), 0xFF00FF00u);
-  EXPECT_EQ(png->GetPixel(2, 0), 0xFF0000FFu);
-  EXPECT_EQ(png->GetPixel(3, 0), 0xFFFFFFFFu);
+  EXPECT_EQ(png->GetPixel(2, 0), 0xFF0000FFu);  // channel order
   EXPECT_EQ(png->GetPixel(0, 1), 0u);
   EXPECT_EQ(png->GetPixel(1, 1), 0x80FF0000u);  // premultiplied inside, straight outside
-  EXPECT_EQ(png->GetPixel(3, 1), 0xFF808080u);
-  EXPECT_EQ(png->GetPixel(3, 2), 0xFFFFFF00u);
   EXPECT_EQ(png->Pixels()[1 * 4 + 1], 0x80800000u);
 
   // Two-bit grey and palette PNGs widen to the same format.
   const auto gray = TqxBitmap::LoadFromFile(Image("gray_2x2.png"));
-  EXPECT_EQ(gray->GetPixel(0, 0), 0xFF000000u);
   EXPECT_EQ(gray->GetPixel(1, 0), 0xFF555555u);
-  EXPECT_EQ(gray->GetPixel(1, 1), 0xFFFFFFFFu);
-  const auto palette = TqxBitmap::LoadFromFile(Image("palette_4x3.png"));
-  EXPECT_EQ(palette->GetPixel(0, 1), 0u);
-  EXPECT_EQ(palette->GetPixel(2, 0), 0xFF0000FFu);
+  EXPECT_EQ(TqxBitmap::LoadFromFile(Image("palette_4x3.png"))->GetPixel(2, 0), 0xFF0000FFu);
 
-  const auto jpeg = TqxBitmap::LoadFromFile(Image("blocks_16x16.jpg"));
-  ASSERT_EQ(jpeg->Width(), 16);
-  EXPECT_TRUE(Near(jpeg->GetPixel(3, 8), 0xFFFF0000, 6));
-  EXPECT_TRUE(Near(jpeg->GetPixel(12, 8), 0xFF0000FF, 6));
+  EXPECT_TRUE(Near(TqxBitmap::LoadFromFile(Image("blocks_16x16.jpg"))->GetPixel(12, 8), 0xFF0000FF, 6));
 
   // A 24-bit BMP, stored bottom-up.
   const auto bmp = TqxBitmap::LoadFromFile(Image("rgb_4x3.bmp"));
-  ASSERT_EQ(bmp->Height(), 3);
   EXPECT_EQ(bmp->GetPixel(0, 0), 0xFFFF0000u);
-  EXPECT_EQ(bmp->GetPixel(0, 1), 0xFFFFFFFFu);
-  EXPECT_EQ(bmp->GetPixel(1, 1), 0xFFFF7F7Fu);
   EXPECT_EQ(bmp->GetPixel(2, 2), 0xFFFFFF00u);
 
   // The same bytes from memory give the same bitmap.
@@ -95,13 +62,9 @@ TEST_F(BitmapFileTest, LoadsPngJpegAndBmpWithStraightColours) {
 
 TEST_F(BitmapFileTest, RefusesMissingTruncatedGarbageAndOversizedImages) {
   auto expectRefused = [](const std::string& fileName, const std::string& part) {
-    try {
-      TqxBitmap::LoadFromFile(fileName);
-      ADD_FAILURE() << fileName << " was read";
-    } catch (const Exception& e) {
-      EXPECT_NE(e.Message().find(fileName), std::string::npos) << e.Message();
-      EXPECT_NE(e.Message().find(part), std::string::npos) << e.Message();
-    }
+    const std::string message = test::ErrorOf([&] { TqxBitmap::LoadFromFile(fileName); });
+    EXPECT_NE(message.find(fileName), std::string::npos) << message;
+    EXPECT_NE(message.find(part), std::string::npos) << message;
   };
   expectRefused(Temp("missing.png"), "Cannot open");
   expectRefused(Write("empty.png", {}), "Cannot read");
@@ -112,25 +75,19 @@ TEST_F(BitmapFileTest, RefusesMissingTruncatedGarbageAndOversizedImages) {
   jpeg.resize(jpeg.size() / 2);
   expectRefused(Write("half.jpg", jpeg), "Cannot read");
 
-  std::mt19937 random(7);
-  std::vector<std::uint8_t> noise(512);
-  for (auto& b : noise) b = std::uint8_t(random());
-  expectRefused(Write("noise.png", noise), "Cannot read");
   const std::string text = "<svg xmlns=\"http://www.w3.org/2000/svg\"/>";
   expectRefused(Write("not_an_image.png", {text.begin(), text.end()}), "Cannot read");
 
   // A header that claims a side beyond the limit is refused before decoding.
   std::vector<std::uint8_t> huge = png;
-  huge[16] = 0x00;  // IHDR width, big-endian, at offset 16
-  huge[17] = 0x01;
-  huge[18] = 0x00;
-  huge[19] = 0x00;
+  huge[17] = 0x01;  // the IHDR width, big-endian at offset 16, becomes 65540
   expectRefused(Write("huge.png", huge), "out of range");
 
   EXPECT_THROW(TqxBitmap(TqxBitmap::kMaxSide + 1, 1), Exception);
   EXPECT_THROW(TqxBitmap::LoadFromMemory(nullptr, 0), Exception);
 }
 
+// Both encoders: the file save and the writer at either speed.
 TEST_F(BitmapFileTest, SavedPngReadsBackPixelForPixel) {
   TqxBitmap drawn(24, 16);
   {
@@ -143,9 +100,14 @@ TEST_F(BitmapFileTest, SavedPngReadsBackPixelForPixel) {
   drawn.SetPixel(1, 0, 0x01FFFFFF);
   const std::string fileName = Temp("drawn.png");
   drawn.SaveToFile(fileName);
-  const auto loaded = TqxBitmap::LoadFromFile(fileName);
-  EXPECT_EQ(*loaded, drawn);
+  EXPECT_EQ(*TqxBitmap::LoadFromFile(fileName), drawn);
+  for (TqxPngCompression compression : {TqxPngCompression::Small, TqxPngCompression::Fast}) {
+    const std::vector<std::uint8_t> png = TqxPngWriter::Encode(drawn, compression);
+    EXPECT_EQ(*TqxBitmap::LoadFromMemory(png.data(), png.size()), drawn)
+        << (compression == TqxPngCompression::Fast ? "fast" : "small");
+  }
 
+  EXPECT_THROW(TqxPngWriter::Encode(TqxBitmap(), TqxPngCompression::Fast), Exception);
   EXPECT_THROW(TqxBitmap().SaveToFile(Temp("empty.png")), Exception);
   EXPECT_THROW(drawn.SaveToFile(Temp("no/such/folder/x.png")), Exception);
 }
@@ -154,11 +116,8 @@ TEST(BitmapTest, PixelAccessOutsideIsHarmless) {
   TqxBitmap b(2, 2);
   b.SetPixel(-1, 0, 0xFFFFFFFF);
   b.SetPixel(2, 0, 0xFFFFFFFF);
-  b.SetPixel(0, 2, 0xFFFFFFFF);
-  EXPECT_EQ(b.GetPixel(-1, 0), 0u);
   EXPECT_EQ(b.GetPixel(0, 5), 0u);
-  b.Clear(0x80FFFFFF);
-  EXPECT_EQ(b.GetPixel(1, 1), 0x80FFFFFFu);
+  EXPECT_EQ(b.GetPixel(0, 1), 0u);  // no wrapping into the next row
   b.SetSize(3, 1);
   EXPECT_EQ(b.GetPixel(2, 0), 0u);
 }

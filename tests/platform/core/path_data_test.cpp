@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <string>
 
-#include "platform/core/base/exception.h"
+#include "../../support/error_message.h"
 
 namespace qx {
 namespace {
@@ -44,45 +44,31 @@ struct TCase {
 TEST(PathDataTest, ReducesEveryCommandToAbsoluteMoveLineCubicClose) {
   const TCase cases[] = {
       {"", ""},
-      {" \t\r\n", ""},
-      {"M10 20", "M10,20"},
-      {"m10 20", "M10,20"},
       // Extra pairs after a move are lines, relative after "m".
-      {"M1 2 3 4 5 6", "M1,2 L3,4 L5,6"},
       {"m1 2 3 4 5 6", "M1,2 L4,6 L9,12"},
       {"M0 0L10 0l5 5", "M0,0 L10,0 L15,5"},
       {"M1 1H5h2V9v-3", "M1,1 L5,1 L7,1 L7,9 L7,6"},
-      {"M1 1H5 6 7", "M1,1 L5,1 L6,1 L7,1"},
-      {"M0 0C1 2 3 4 5 6", "M0,0 C1,2 3,4 5,6"},
       {"M1 1c1 2 3 4 5 6 1 1 2 2 3 3", "M1,1 C2,3 4,5 6,7 C7,8 8,9 9,10"},
       // Smooth cubic: reflection after a cubic, the current point otherwise.
-      {"M0 0C0 10 10 10 10 0S20 -10 20 0", "M0,0 C0,10 10,10 10,0 C10,-10 20,-10 20,0"},
       {"M0 0C0 10 10 10 10 0s10 -10 10 0", "M0,0 C0,10 10,10 10,0 C10,-10 20,-10 20,0"},
       {"M0 0S10 10 20 0", "M0,0 C0,0 10,10 20,0"},
       {"M0 0Q3 3 6 0L6 3S9 9 12 3", "M0,0 C2,2 4,2 6,0 L6,3 C6,3 9,9 12,3"},
       // Quadratics raised to cubics; T reflects only after Q or T.
-      {"M0 0Q3 6 6 0", "M0,0 C2,4 4,4 6,0"},
-      {"M0 0q3 6 6 0t6 0", "M0,0 C2,4 4,4 6,0 C8,-4 10,-4 12,0"},
       {"M0 0Q3 6 6 0T12 0T18 0", "M0,0 C2,4 4,4 6,0 C8,-4 10,-4 12,0 C14,4 16,4 18,0"},
       {"M0 0T6 0", "M0,0 C0,0 2,0 6,0"},
       {"M0 0C1 1 2 2 3 3T6 0", "M0,0 C1,1 2,2 3,3 C3,3 4,2 6,0"},
       // Close: the next segment restarts at the subpath's start.
-      {"M1 1L5 1Z", "M1,1 L5,1 Z"},
       {"M1 1L5 1zl2 2", "M1,1 L5,1 Z M1,1 L3,3"},
       {"M1 1L5 1Zm1 1", "M1,1 L5,1 Z M2,2"},
       {"M1 1L5 1ZZ", "M1,1 L5,1 Z"},
       // Compact numbers.
       {"M1.5.5", "M1.5,0.5"},
-      {"M10-5", "M10,-5"},
       {"M-.5e-3+2E1", "M-0.0005,20"},
-      {"M1e2.5", "M100,0.5"},
       {"M0.0.0.0.0", "M0,0 L0,0"},
-      {"M5. 6.", "M5,6"},
       // Separators: commas between numbers, blanks anywhere, and a trailing
       // comma before the next command.
       {"M 1 , 2 L\n3\t4", "M1,2 L3,4"},
       {"M0.00, 0.00, L10.00, 10.00", "M0,0 L10,10"},
-      {"M1,2,3,4", "M1,2 L3,4"},
       // Numbers too small for a double are zero.
       {"M1e-400 0", "M0,0"},
   };
@@ -98,49 +84,24 @@ TEST(PathDataTest, ArcsBecomeCubicsThroughTheirCentre) {
   EXPECT_EQ(ParseDump("M0 0A1 1 0 0 1 20 0"), ParseDump("M0 0A10 10 0 0 1 20 0"));
   // Flags written without separators, in both commas and compact forms.
   EXPECT_EQ(ParseDump("M0 0a10 10 0 0120 0"), ParseDump("M0 0A10,10,0,0,1,20,0"));
-  EXPECT_EQ(ParseDump("M0 0a1 1 0 00 1 1"), ParseDump("M0 0A1 1 0 0 0 1 1"));
   // Large and clockwise from (10, 0) to (0, 10): three quarters around the
   // centre (10, 10), in three cubics.
   const TqxPathData large = TqxPathData::Parse("M10 0A10 10 0 1 1 0 10");
   EXPECT_EQ(large.Commands().size(), 4u);
-  const TRectF box = large.Bounds();
-  EXPECT_NEAR(box.Left, 0, 1e-6);
-  EXPECT_NEAR(box.Top, 0, 1e-6);
-  EXPECT_NEAR(box.Right, 20, 1e-6);
-  EXPECT_NEAR(box.Bottom, 20, 1e-6);
-  // The end point is exact, not accumulated.
-  const TqxPathCommand& last = large.Commands().back();
-  EXPECT_EQ(last.Points[2], (TPointF{0, 10}));
+  EXPECT_NEAR(large.Bounds().Right, 20, 1e-6);
+  EXPECT_EQ(large.Commands().back().Points[2], (TPointF{0, 10}));  // exact, not accumulated
   // Zero radius: a line. Same end point: nothing. Negative radii: absolute.
   EXPECT_EQ(ParseDump("M0 0A0 5 0 1 1 10 10"), "M0,0 L10,10");
   EXPECT_EQ(ParseDump("M5 5A3 3 0 1 1 5 5"), "M5,5");
   EXPECT_EQ(ParseDump("M0 0A-10 -10 0 0 1 20 0"), ParseDump("M0 0A10 10 0 0 1 20 0"));
-  // A rotated ellipse: its end point is kept and all values are finite.
-  const TqxPathData rotated = TqxPathData::Parse("M0 0a30 10 45 1 0 15 15");
-  EXPECT_EQ(rotated.Commands().back().Points[2], (TPointF{15, 15}));
-}
-
-TEST(PathDataTest, CircleAndEllipseTextsOfTheShapesCloseOnThemselves) {
-  // The texts that circle and ellipse elements turn into.
-  const TqxPathData circle = TqxPathData::Parse("M10,20m-5,0a5,5 0,1 1,10 0a5,5 0,1 1,-10 0");
-  TRectF box = circle.Bounds();
-  EXPECT_NEAR(box.Left, 5, 1e-9);
-  EXPECT_NEAR(box.Right, 15, 1e-9);
-  EXPECT_NEAR(box.Top, 15, 1e-9);
-  EXPECT_NEAR(box.Bottom, 25, 1e-9);
-  EXPECT_EQ(circle.CurrentPoint(), (TPointF{5, 20}));
-  box = TqxPathData::Parse("M5,20a5,3 0 1,0 10,0a5,3 0 1,0 -10,0").Bounds();
-  EXPECT_NEAR(box.Top, 17, 1e-9);
-  EXPECT_NEAR(box.Bottom, 23, 1e-9);
+  // A rotated ellipse keeps its end point exactly.
+  EXPECT_EQ(TqxPathData::Parse("M0 0a30 10 45 1 0 15 15").Commands().back().Points[2], (TPointF{15, 15}));
 }
 
 TEST(PathDataTest, BoundsFollowCurveExtremesNotControlPoints) {
   EXPECT_EQ(TqxPathData().Bounds(), TRectF{});
   const TRectF box = TqxPathData::Parse("M0 0C0 -40 10 -40 10 0").Bounds();
   EXPECT_NEAR(box.Top, -30, 1e-9);  // the curve's peak, not the control point at -40
-  EXPECT_EQ(box.Left, 0);
-  EXPECT_EQ(box.Right, 10);
-  EXPECT_EQ(box.Bottom, 0);
   // A lone move-to counts.
   EXPECT_EQ(TqxPathData::Parse("M0 0L1 1M-5 7").Bounds(), (TRectF{-5, 0, 1, 7}));
 }
@@ -154,23 +115,16 @@ struct TErrorCase {
 TEST(PathDataTest, RefusesBadTextSayingWhereAndWhy) {
   const TErrorCase cases[] = {
       {"L10 10", 0, "the path must begin with a move-to command"},
-      {"  10 10", 2, "the path must begin with a move-to command"},
       {"M", 1, "expected a number"},
-      {"M10", 3, "expected a number"},
       {"M10 10 L", 8, "expected a number"},
-      {"M,10 10", 1, "expected a number"},
       {"M10,,10", 4, "expected a number"},
       {"M1 2 L3 4,,L5 6", 10, "expected a command"},
-      {"M10 10 X5", 7, "expected a command"},
       {"M1 2e", 4, "expected a command"},
       {"M1 2 Z 3 4", 7, "expected a command"},
-      {"M1 2 C1 2 3 4 5", 15, "expected a number"},
       {"M0 0 A1 1 0 2 0 5 5", 12, "expected a flag (0 or 1)"},
-      {"M0 0 A1 1 0 0 -1 5 5", 14, "expected a flag (0 or 1)"},
       {"M1e999 0", 1, "number out of range"},
       {"M1e308 0 l1e308 0", 10, "coordinates out of range"},
       {"M. 1", 1, "expected a number"},
-      {"M+-1 1", 1, "expected a number"},
   };
   for (const TErrorCase& c : cases) {
     TqxPathData path;
@@ -181,12 +135,8 @@ TEST(PathDataTest, RefusesBadTextSayingWhereAndWhy) {
     for (const TqxPathCommand& command : path.Commands())
       for (const TPointF& p : command.Points) EXPECT_TRUE(std::isfinite(p.X) && std::isfinite(p.Y)) << c.Text;
   }
-  try {
-    TqxPathData::Parse("M10 10 L");
-    FAIL() << "no exception";
-  } catch (const Exception& e) {
-    EXPECT_EQ(e.Message(), "Invalid path data at offset 8: expected a number");
-  }
+  EXPECT_EQ(test::ErrorOf([] { TqxPathData::Parse("M10 10 L"); }),
+            "Invalid path data at offset 8: expected a number");
 }
 
 TEST(PathDataTest, TryParseKeepsTheSegmentsBeforeTheError) {
@@ -204,9 +154,8 @@ TEST(PathDataTest, TryParseKeepsTheSegmentsBeforeTheError) {
 // Numbers are read on a short path for the common short decimals; every
 // value must still be the correctly rounded one, bit for bit.
 TEST(PathDataTest, NumbersReadToTheNearestDouble) {
-  const char* numbers[] = {"0.1",   "0.3",   "2.675",  "-17.99",  ".5e-3",         "9007199254740993",
-                           "1e22",  "1e23",  "123e-25", "3.14159", "0.000000000000000000000000001",
-                           "7.0e+2", "00012.50", "4503599627370497.5"};
+  const char* numbers[] = {"0.1", "2.675", "-17.99", ".5e-3", "9007199254740993", "1e23",
+                           "123e-25", "0.000000000000000000000000001", "00012.50", "4503599627370497.5"};
   for (const char* number : numbers) {
     double expected = 0;
     const std::string_view text(number);

@@ -2,14 +2,14 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <zlib.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <random>
 #include <sstream>
 
+#include "../../support/error_message.h"
+#include "../../support/temp_folder.h"
 #include "platform/core/base/exception.h"
 #include "platform/core/vector/vector_document.h"
 
@@ -18,28 +18,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::HasSubstr;
-
-class TempDir {
-public:
-  TempDir() {
-    std::random_device random;
-    FPath = fs::temp_directory_path() / ("qx_vector_" + std::to_string(random()));
-    fs::create_directories(FPath);
-  }
-  ~TempDir() {
-    std::error_code ignored;
-    fs::remove_all(FPath, ignored);
-  }
-  const fs::path& Path() const { return FPath; }
-
-private:
-  fs::path FPath;
-};
-
-std::string ReadBytes(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
+using test::ReadText;
+using test::TTempFolder;
 
 TqxVectorBrush FullBrush() {
   TqxVectorBrush brush;
@@ -120,80 +100,158 @@ void ExpectSameDocument(const TqxVectorDocument& actual, const TqxVectorDocument
     EXPECT_TRUE(*actual.Commands[i] == *expected.Commands[i]) << "command " << i;
 }
 
-TEST(VectorFileTest, RoundTripKeepsEveryCommandAndField) {
-  TempDir dir;
-  const std::string fileName = (dir.Path() / "sample.vector").string();
-  TqxVectorDocument saved;
-  FillSample(saved);
-  saved.SaveToFile(fileName);
-
-  TqxVectorDocument loaded;
-  loaded.DrawPath("replaced by the load");
-  loaded.LoadFromFile(fileName);
-  ExpectSameDocument(loaded, saved);
-
-  // The shared gradient comes back as one object; the other stays apart.
-  const auto& commands = loaded.Commands;
-  std::vector<const TqxVectorGradient*> gradients;
-  for (const auto& command : commands)
-    if (command->Kind == TqxVectorCommandKind::SetGradient) gradients.push_back(command->Gradient.get());
-  ASSERT_EQ(gradients.size(), 3u);
-  EXPECT_EQ(gradients[0], gradients[2]);
-  EXPECT_NE(gradients[0], gradients[1]);
-
-  // Saving again replaces the file and leaves no temporary beside it.
-  loaded.DrawPath("M5 5");
-  loaded.SaveToFile(fileName);
-  TqxVectorDocument again;
-  again.LoadFromFile(fileName);
-  EXPECT_EQ(again.Commands.back()->Path, "M5 5");
-  EXPECT_EQ(std::distance(fs::directory_iterator(dir.Path()), fs::directory_iterator()), 1);
-
-  // Streams carry the same bytes as files.
-  std::stringstream stream;
-  saved.SaveToStream(stream);
-  EXPECT_EQ(stream.str(), TqxVectorFile::Encode(saved));
-  TqxVectorDocument fromStream;
-  fromStream.LoadFromStream(stream);
-  ExpectSameDocument(fromStream, saved);
-}
-
-TEST(VectorFileTest, GoldenFileStaysReadableAndStable) {
+TEST(VectorFileTest, GoldenFileRoundTripsThroughFilesAndStreams) {
   const fs::path golden = fs::path(QX_TEST_DATA_DIR) / "vector" / "sample.vector";
   TqxVectorDocument expected;
   FillSample(expected);
   // After a deliberate format change: QX_UPDATE_GOLDEN=1 rewrites the file.
   if (std::getenv("QX_UPDATE_GOLDEN") != nullptr) expected.SaveToFile(golden.string());
+  const std::string goldenBytes = ReadText(golden);
+  EXPECT_EQ(TqxVectorFile::Encode(expected), goldenBytes);
   TqxVectorDocument loaded;
+  loaded.DrawPath("replaced by the load");
   loaded.LoadFromFile(golden.string());
   ExpectSameDocument(loaded, expected);
-  EXPECT_EQ(TqxVectorFile::Encode(expected), ReadBytes(golden));
+
+  // The shared gradient comes back as one object; the other stays apart.
+  std::vector<const TqxVectorGradient*> gradients;
+  for (const auto& command : loaded.Commands)
+    if (command->Kind == TqxVectorCommandKind::SetGradient) gradients.push_back(command->Gradient.get());
+  ASSERT_EQ(gradients.size(), 3u);
+  EXPECT_EQ(gradients[0], gradients[2]);
+  EXPECT_NE(gradients[0], gradients[1]);
+
+  // Saving over a file replaces it and leaves no temporary beside it.
+  TTempFolder dir("vector");
+  const std::string fileName = (dir / "sample.vector").string();
+  TqxVectorDocument().SaveToFile(fileName);
+  loaded.SaveToFile(fileName);
+  EXPECT_EQ(ReadText(fileName), goldenBytes);
+  EXPECT_EQ(std::distance(fs::directory_iterator(dir.Path()), fs::directory_iterator()), 1);
+
+  std::stringstream stream;
+  loaded.SaveToStream(stream);
+  EXPECT_EQ(stream.str(), goldenBytes);
+  TqxVectorDocument fromStream;
+  fromStream.LoadFromStream(stream);
+  ExpectSameDocument(fromStream, expected);
 }
 
 TEST(VectorFileTest, SaveFailuresNameTheFile) {
-  TempDir dir;
+  TTempFolder dir("vector");
   TqxVectorDocument document;
   const std::string missingFolder = (dir.Path() / "no" / "such.vector").string();
-  try {
-    document.SaveToFile(missingFolder);
-    FAIL() << "saved into a missing folder";
-  } catch (const Exception& e) {
-    EXPECT_THAT(e.Message(), HasSubstr(missingFolder));
-  }
+  EXPECT_THAT(test::ErrorOf([&] { document.SaveToFile(missingFolder); }), HasSubstr(missingFolder));
 
   // Text the loader would refuse is refused on the way out, and the earlier
   // file stays whole.
   const std::string fileName = (dir.Path() / "kept.vector").string();
   document.DrawPath("M0 0");
   document.SaveToFile(fileName);
-  const std::string before = ReadBytes(fileName);
+  const std::string before = ReadText(fileName);
   TqxVectorDocument bad;
   bad.DrawPath(std::string("M\xFF", 2));
   EXPECT_THROW(bad.SaveToFile(fileName), Exception);
-  EXPECT_EQ(ReadBytes(fileName), before);
+  EXPECT_EQ(ReadText(fileName), before);
   EXPECT_EQ(std::distance(fs::directory_iterator(dir.Path()), fs::directory_iterator()), 1);
 
   EXPECT_THROW(document.LoadFromFile((dir.Path() / "absent.vector").string()), Exception);
+}
+
+void PutU32(std::string& bytes, size_t offset, std::uint32_t value) {
+  for (int i = 0; i < 4; ++i) bytes[offset + i] = static_cast<char>(value >> (8 * i));
+}
+
+// Makes the length and the checksum agree with the bytes again, so that the
+// body's own checks are the ones that must catch the damage.
+void Reseal(std::string& bytes) {
+  const size_t bodyEnd = bytes.size() - 4;
+  PutU32(bytes, 12, static_cast<std::uint32_t>(bodyEnd - 16));
+  const uLong crc = crc32(crc32(0L, Z_NULL, 0), reinterpret_cast<const Bytef*>(bytes.data()),
+                          static_cast<uInt>(bodyEnd));
+  PutU32(bytes, bodyEnd, static_cast<std::uint32_t>(crc));
+}
+
+// 0 magic, 8 version, 12 body length, 16 size and view box, 40 gradient count,
+// 44 command count, 48 kind, 49 path length, 53 "M0 0", 57 checksum.
+std::string PathFile() {
+  TqxVectorDocument document;
+  document.Size = {1, 1};
+  document.DrawPath("M0 0");
+  return TqxVectorFile::Encode(document);
+}
+
+// 44 gradient type, 45 id length, 49 matrix, 85 stop count, 89 points,
+// 105 command count, 109 gradient command (110 index, 114 fill flag),
+// 115 brush command (116 mask, 118 fill rule), 119 checksum.
+std::string GradientAndBrushFile() {
+  TqxVectorDocument document;
+  document.SetGradient(std::make_shared<TqxVectorLinearGradient>(), true);
+  TqxVectorBrush brush;
+  brush.FillRule = TqxFillRule::EvenOdd;
+  document.SetBrush(brush);
+  return TqxVectorFile::Encode(document);
+}
+
+struct Corruption {
+  const char* name;
+  std::string (*base)();
+  void (*damage)(std::string&);
+  const char* fragment;
+  size_t offset;
+};
+
+// One fault of each family: header, framing, counts, payload values.
+const Corruption kCorruptions[] = {
+    {"wrong magic", PathFile, [](std::string& b) { b[0] = 'X'; }, "wrong magic", 0},
+    {"newer version", PathFile, [](std::string& b) { PutU32(b, 8, 2); }, "is newer", 8},
+    {"truncated body", PathFile, [](std::string& b) { b.resize(50); }, "truncated", 50},
+    {"flipped bit", PathFile, [](std::string& b) { b[54] ^= 0x10; }, "checksum", 57},
+    {"absurd command count", PathFile,
+     [](std::string& b) { PutU32(b, 44, 0xFFFFFFFF), Reseal(b); }, "command count", 44},
+    {"invalid UTF-8", PathFile, [](std::string& b) { b[54] = '\xFF', Reseal(b); }, "UTF-8", 49},
+    {"absurd stop count", GradientAndBrushFile,
+     [](std::string& b) { PutU32(b, 85, 0x10000000), Reseal(b); }, "stop count", 85},
+    {"gradient index out of range", GradientAndBrushFile,
+     [](std::string& b) { PutU32(b, 110, 1), Reseal(b); }, "gradient index 1", 110},
+};
+
+TEST(VectorFileCorruptionTest, EachFaultIsRefusedWithItsPlace) {
+  for (const auto& c : kCorruptions) {
+    SCOPED_TRACE(c.name);
+    std::string bytes = c.base();
+    c.damage(bytes);
+    TqxVectorDocument document;
+    document.Size = {7, 7};
+    document.DrawPath("kept");
+    const std::string message = test::ErrorOf([&] { TqxVectorFile::Decode(document, bytes, "case.vector"); });
+    EXPECT_THAT(message, HasSubstr("\"case.vector\""));
+    EXPECT_THAT(message, HasSubstr(c.fragment));
+    EXPECT_THAT(message, HasSubstr("at byte " + std::to_string(c.offset) + ":"));
+    // A refused file changes nothing.
+    EXPECT_EQ(document.Size, (TSizeF{7, 7}));
+    ASSERT_EQ(document.Commands.size(), 1u);
+    EXPECT_EQ(document.Commands[0]->Path, "kept");
+  }
+}
+
+TEST(VectorFileCorruptionTest, ResealedRandomDamageNeverEscapesAsAnythingElse) {
+  const std::string original = ReadText(fs::path(QX_TEST_DATA_DIR) / "vector" / "sample.vector");
+  std::mt19937 random(20240611);
+  for (int round = 0; round < 100; ++round) {
+    std::string bytes = original;
+    // Damage the body only, so the header is not what refuses it.
+    const size_t at = 16 + random() % (bytes.size() - 24);
+    if (round % 2) PutU32(bytes, at, round % 4 == 1 ? 0xFFFFFFFF : 0x7FFFFFFF);
+    else bytes.erase(at, 1 + random() % 8);
+    Reseal(bytes);
+    TqxVectorDocument document;
+    try {
+      TqxVectorFile::Decode(document, bytes, "fuzz.vector");
+    } catch (const Exception&) {
+      // refused, as most damage is; anything else escapes and fails the test
+    }
+  }
 }
 
 }  // namespace
