@@ -44,61 +44,42 @@ protected:
 
 TEST_F(IdeEventsListenerTest, AnOpenedProjectGetsAFilledManagerBeforeOthersHearOfIt) {
   std::filesystem::create_directories(FDir / "Assets");
-  std::ofstream((FDir / "Assets" / "config.json").string()) << "{}";
+  const std::string config = (FDir / "Assets" / "config.json").string();
+  TqxAssetsManager saved;
+  TqxAssetsManagerHelper::AddColor(saved, "Primary", 0xFF112233, true);
+  TqxAssetsFactory::SaveConfigToFile(saved, config, TqxWritingOptions::Default());
   TqxIdeEventsListener listener(FMessages);
-  std::vector<std::string> loaded;
-  listener.FLoadConfig = [&](TqxAssetsManager&, const std::string& fileName) {
-    loaded.push_back(fileName);
-  };
   listener.Initialize();
   TqxAssetsManager* seenByDeployment = nullptr;
+  bool filled = false;
   FMessages.SubscribeToMessage<TqxProjectOpenedMessage>([&](const void*, const TMessageBase& m) {
     auto project = static_cast<const TqxProjectOpenedMessage&>(m).Value();
-    listener.TryGetAssetsManager(project->GetProjectGUID(), seenByDeployment);
+    filled = listener.TryGetAssetsManager(project->GetProjectGUID(), seenByDeployment) &&
+             seenByDeployment->Contains("Primary");
   });
 
   TqxFileSystemHost host(FMessages);
   auto shop = host.OpenProject(Copy("shop_crlf_bom.dproj"));
-  ASSERT_NE(seenByDeployment, nullptr);
-  EXPECT_EQ(seenByDeployment, listener.FindAssetsManager(shop->GetProjectGUID()));
+  EXPECT_TRUE(filled);
   EXPECT_EQ(TqxAssetsManager::GetCurrent(), seenByDeployment);
-  EXPECT_EQ(loaded, std::vector<std::string>{(FDir / "Assets" / "config.json").string()});
 
-  // A second project, in a folder without assets, loads nothing and becomes current.
-  std::filesystem::create_directories(FDir / "notes");
-  std::filesystem::copy_file(std::string(QX_TEST_DATA_DIR) + "/dproj/notes_split.dproj",
-                             FDir / "notes" / "notes.dproj");
+  // A second project, in a folder without assets, gets an empty manager and becomes current.
   host.FOnActiveProjectChanged = [&](const auto& p) { listener.ActiveProjectChanged(p); };
-  auto notes = host.OpenProject((FDir / "notes" / "notes.dproj").string());
-  EXPECT_EQ(loaded.size(), 1u);
+  auto notes = host.OpenProject(Copy("notes_split.dproj", "notes/notes.dproj"));
+  EXPECT_FALSE(filled);
   EXPECT_EQ(listener.Count(), 2u);
   EXPECT_EQ(TqxAssetsManager::GetCurrent(), listener.FindAssetsManager(notes->GetProjectGUID()));
   host.SetActiveProject(shop);
   EXPECT_EQ(TqxAssetsManager::GetCurrent(), listener.FindAssetsManager(shop->GetProjectGUID()));
   host.SetActiveProject(nullptr);
   EXPECT_EQ(TqxAssetsManager::GetCurrent(), nullptr);
-}
 
-TEST_F(IdeEventsListenerTest, TheManagerReadsTheProjectsConfigAndSurvivesABrokenOne) {
-  std::filesystem::create_directories(FDir / "Assets");
-  const std::string config = (FDir / "Assets" / "config.json").string();
-  TqxAssetsManager saved;
-  TqxAssetsManagerHelper::AddColor(saved, "Primary", 0xFF112233, true);
-  TqxAssetsFactory::SaveConfigToFile(saved, config, TqxWritingOptions::Default());
-
-  TqxIdeEventsListener listener(FMessages);
-  listener.Initialize();
-  TqxFileSystemHost host(FMessages);
-  auto project = host.OpenProject(Copy("bare_lf.dproj"));
-  TqxAssetsManager* manager = listener.FindAssetsManager(project->GetProjectGUID());
-  ASSERT_NE(manager, nullptr);
-  EXPECT_TRUE(manager->Contains("Primary"));
-
+  // A broken config leaves an empty manager, and the project still opens.
   std::ofstream(config, std::ios::trunc) << "{";
-  host.CloseProject(project);
+  host.CloseProject(shop);
   FMessages.ProcessPostedMessages();
-  project = host.OpenProject((FDir / "bare_lf.dproj").string());
-  manager = listener.FindAssetsManager(project->GetProjectGUID());
+  shop = host.OpenProject((FDir / "shop_crlf_bom.dproj").string());
+  TqxAssetsManager* manager = listener.FindAssetsManager(shop->GetProjectGUID());
   ASSERT_NE(manager, nullptr);
   EXPECT_TRUE(manager->IsEmpty());
 }
@@ -126,8 +107,7 @@ TEST_F(IdeEventsListenerTest, TheManagerOutlivesTheClosingUntilTheDesignerIsDone
   FMessages.ProcessPostedMessages();
   EXPECT_EQ(listener.FindAssetsManager(guid), nullptr);
 
-  auto again = host.OpenProject((FDir / "notes_split.dproj").string());
-  host.CloseProject(again);
+  host.CloseProject(host.OpenProject((FDir / "notes_split.dproj").string()));
   host.OpenProject((FDir / "notes_split.dproj").string());
   FMessages.ProcessPostedMessages();
   EXPECT_NE(listener.FindAssetsManager(guid), nullptr);

@@ -1,32 +1,21 @@
 #include "platform/host/ide_settings.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
+
+#include "../../support/temp_folder.h"
 
 namespace qx {
 namespace {
 
 namespace fs = std::filesystem;
 
-class IdeSettingsTest : public ::testing::Test {
-protected:
-  void SetUp() override {
-    FDir = fs::temp_directory_path() / ("qx_settings_" + std::to_string(::getpid()));
-    fs::remove_all(FDir);
-  }
-  void TearDown() override { fs::remove_all(FDir); }
-  fs::path FDir;
-};
-
-TEST_F(IdeSettingsTest, ValuesSurviveIntoANewSession) {
-  const std::string fileName = (FDir / "quorvex" / "settings.json").string();
+TEST(IdeSettingsTest, ValuesSurviveIntoANewSessionAndABrokenFileReadsAsEmpty) {
+  const test::TTempFolder dir("settings");
+  const std::string fileName = (dir / "quorvex/settings.json").string();
   {
     TqxIdeSettings settings(fileName);
-    EXPECT_EQ(settings.GetIntegerValue(TIntegerField::AssetsTreeWidth), 0);  // fresh installation
     settings.SetIntegerValue(TIntegerField::AssetsTreeWidth, 312);
     settings.SetIntegerValue(TIntegerField::AssetsTreeSecondColumnWidth, 90);
     settings.SetString("Last.Folder", "/home/user/Шрифты");
@@ -40,32 +29,29 @@ TEST_F(IdeSettingsTest, ValuesSurviveIntoANewSession) {
   EXPECT_FALSE(settings.HasValue("Gone"));
   // A value of another type reads as the fallback.
   EXPECT_EQ(settings.GetInteger("Last.Folder", -1), -1);
-  EXPECT_EQ(settings.GetString("Missing", "none"), "none");
+
+  // A broken file reads as empty and is replaced on the next write.
+  test::WriteText(fileName, "{ not json");
+  TqxIdeSettings broken(fileName);
+  EXPECT_EQ(broken.GetIntegerValue(TIntegerField::AssetsTreeWidth), 0);
+  broken.SetIntegerValue(TIntegerField::AssetsTreeWidth, 200);
+  broken.Reload();
+  EXPECT_EQ(broken.GetIntegerValue(TIntegerField::AssetsTreeWidth), 200);
 }
 
-TEST_F(IdeSettingsTest, ABrokenFileReadsAsEmptyAndIsReplacedOnWrite) {
-  fs::create_directories(FDir);
-  const std::string fileName = (FDir / "settings.json").string();
-  std::ofstream(fileName) << "{ not json";
-  TqxIdeSettings settings(fileName);
-  EXPECT_EQ(settings.GetIntegerValue(TIntegerField::AssetsTreeWidth), 0);
-  settings.SetIntegerValue(TIntegerField::AssetsTreeWidth, 200);
-  settings.Reload();
-  EXPECT_EQ(settings.GetIntegerValue(TIntegerField::AssetsTreeWidth), 200);
-}
-
-TEST_F(IdeSettingsTest, TheDefaultFileLivesInTheUsersConfigurationFolder) {
+TEST(IdeSettingsTest, TheDefaultFileLivesInTheUsersConfigurationFolder) {
+  const test::TTempFolder dir("settings");
   const char* savedXdg = std::getenv("XDG_CONFIG_HOME");
   std::string saved = savedXdg ? savedXdg : "";
-  ::setenv("XDG_CONFIG_HOME", FDir.c_str(), 1);
-  EXPECT_EQ(TqxIdeSettings::DefaultFileName(), (FDir / "quorvex" / "settings.json").string());
+  ::setenv("XDG_CONFIG_HOME", dir.Path().c_str(), 1);
+  EXPECT_EQ(TqxIdeSettings::DefaultFileName(), (dir / "quorvex/settings.json").string());
   ::unsetenv("XDG_CONFIG_HOME");
   EXPECT_TRUE(TqxIdeSettings::DefaultFileName().ends_with("/.config/quorvex/settings.json"));
   if (savedXdg) ::setenv("XDG_CONFIG_HOME", saved.c_str(), 1);
 
-  TqxIdeSettings::SetInstanceFileName((FDir / "instance.json").string());
+  TqxIdeSettings::SetInstanceFileName((dir / "instance.json").string());
   TqxIdeSettings::Instance().SetIntegerValue(TIntegerField::AssetsTreeWidth, 7);
-  EXPECT_TRUE(fs::exists(FDir / "instance.json"));
+  EXPECT_TRUE(fs::exists(dir / "instance.json"));
 }
 
 }  // namespace
