@@ -102,31 +102,6 @@ TEST_F(VirtualTree, MoveToKeepsStateAndRefusesToMoveIntoItself) {
   EXPECT_EQ(Children(b), "a1 x y");
 }
 
-TEST_F(VirtualTree, DeleteFreesSubtreeChildrenFirstAndDropsSelectionAndFocus) {
-  std::vector<std::string> freed;
-  int changes = 0;
-  Tree.OnFreeNode = [&](TVirtualTree* t, TVirtualNode* n) { freed.push_back(t->GetText(n, 0)); };
-  Tree.OnChange = [&](TVirtualTree*, TVirtualNode*) { ++changes; };
-  auto* a = Add(nullptr, "a", true);
-  auto* a1 = Add(a, "a1");
-  Add(a, "a2");
-  auto* b = Add(nullptr, "b");
-  Tree.SetSelected(a1, true);
-  Tree.SetSelected(b, true);
-  Tree.SetFocusedNode(a1);
-  changes = 0;
-
-  Tree.DeleteNode(a);
-  EXPECT_EQ(freed, (std::vector<std::string>{"a1", "a2", "a"}));
-  EXPECT_EQ(Tree.SelectedCount(), 1);
-  EXPECT_EQ(Tree.FocusedNode(), nullptr);
-  EXPECT_EQ(changes, 1);
-  EXPECT_THROW(Tree.DeleteNode(nullptr), EqxAssertError);
-
-  Tree.DeleteNode(Tree.RootNode());  // the root stays, its children go
-  EXPECT_EQ(Tree.SelectedCount(), 0);
-}
-
 TEST_F(VirtualTree, SortGoesThroughTheWholeTreeAndKeepsTheOrderOfEqualNodes) {
   Add(nullptr, "b");
   auto* folder = Add(nullptr, "Z", true);
@@ -165,6 +140,26 @@ TEST_F(VirtualTree, UpdatesNestAndGatherChangesIntoOne) {
   Tree.SetSelected(a, false);  // outside an update the node is told at once
   EXPECT_EQ(changed.back(), a);
   Tree.SetView(nullptr);
+}
+
+TEST_F(VirtualTreeRows, DeleteFreesSubtreeChildrenFirstAndDropsSelectionAndFocus) {
+  std::vector<std::string> freed;
+  int changes = 0;
+  Tree.OnFreeNode = [&](TVirtualTree* t, TVirtualNode* n) { freed.push_back(t->GetText(n, 0)); };
+  Tree.SetSelected(a1, true);
+  Tree.SetSelected(b, true);
+  Tree.SetFocusedNode(a1);
+  Tree.OnChange = [&](TVirtualTree*, TVirtualNode*) { ++changes; };
+
+  Tree.DeleteNode(a);
+  EXPECT_EQ(freed, (std::vector<std::string>{"a1", "a2", "a"}));
+  EXPECT_EQ(Tree.SelectedCount(), 1);
+  EXPECT_EQ(Tree.FocusedNode(), nullptr);
+  EXPECT_EQ(changes, 1);
+  EXPECT_THROW(Tree.DeleteNode(nullptr), EqxAssertError);
+
+  Tree.DeleteNode(Tree.RootNode());  // the root stays, its children go
+  EXPECT_EQ(Tree.SelectedCount(), 0);
 }
 
 TEST_F(VirtualTreeRows, SelectionOrderAndSingleSelect) {
