@@ -100,6 +100,17 @@ void WriteSample(TqxJsonWriter& json) {
   json.EndObject();
 }
 
+// Text that is not UTF-8 is refused, and none of its bytes stay in the output.
+TEST(JsonWriterTest, TextThatIsNotUtf8IsRefusedAndLeftOut) {
+  std::string text;
+  TqxJsonWriter json(text, false);
+  json.BeginArray();
+  json.String("ok");
+  EXPECT_THROW(json.String("bad \xFF"), Exception);
+  EXPECT_TRUE(IsValidUtf8(text));
+  EXPECT_EQ(text.find("bad"), std::string::npos);
+}
+
 // nlohmann-json reads what we write, and its own dump of that is the same text:
 // escapes, numbers, separators and indentation all agree.
 TEST(JsonWriterTest, TextIsWhatNlohmannDumpsForTheSameDocument) {

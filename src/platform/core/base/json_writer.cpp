@@ -77,6 +77,7 @@ void TqxJsonWriter::Number(double value) {
 void TqxJsonWriter::Escaped(std::string_view text) {
   static const char kHex[] = "0123456789abcdef";
   bool ascii = true;
+  const std::size_t start = FOut.size();
   FOut += '"';
   for (char c : text) {
     const auto u = static_cast<unsigned char>(c);
@@ -104,6 +105,7 @@ void TqxJsonWriter::Escaped(std::string_view text) {
   }
   FOut += '"';
   if (!ascii && !IsValidUtf8(text)) {
+    FOut.resize(start);  // what was written so far stays valid JSON text
     throw Exception("Cannot write text that is not UTF-8 as JSON");
   }
 }
