@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <limits>
@@ -13,6 +12,7 @@
 #include "platform/core/graphics/bitmap.h"
 #include "platform/core/graphics/color.h"
 #include "platform/core/vector/vector_document.h"
+#include "../support/pixels.h"
 #include "../support/temp_folder.h"
 
 namespace qx {
@@ -61,12 +61,6 @@ TqxVectorTransform Transform(const TMatrix& matrix) {
   return transform;
 }
 
-bool Near(TAlphaColor a, TAlphaColor b, int tolerance = 3) {
-  for (int shift = 0; shift < 32; shift += 8)
-    if (std::abs(int((a >> shift) & 0xFF) - int((b >> shift) & 0xFF)) > tolerance) return false;
-  return true;
-}
-
 struct Px {
   int X, Y;
   TAlphaColor Color;
@@ -78,8 +72,7 @@ void ExpectPixels(const TqxVectorDocument& doc, std::initializer_list<Px> pixels
   TsvgExportFMXBitmapWithSkia writer(doc);
   for (const Px& p : pixels) {
     const TAlphaColor actual = writer.Bitmap().GetPixel(p.X, p.Y);
-    EXPECT_TRUE(Near(actual, p.Color, p.Tolerance))
-        << "at (" << p.X << ", " << p.Y << "): " << std::hex << actual << " instead of " << p.Color;
+    EXPECT_TRUE(test::Near(actual, p.Color, p.Tolerance)) << "at (" << p.X << ", " << p.Y << ")";
   }
 }
 

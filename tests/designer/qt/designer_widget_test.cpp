@@ -16,17 +16,11 @@
 #include "platform/core/graphics/bitmap.h"
 #include "platform/ui/headless_ui.h"
 #include "platform/ui/image_list.h"
+#include "../../support/pixels.h"
 #include "../../support/qt_test_app.h"
 
 namespace qx::test {
 namespace {
-
-bool IsBlank(const TqxBitmap& bitmap) {
-  for (int y = 0; y < bitmap.Height(); ++y)
-    for (int x = 0; x < bitmap.Width(); ++x)
-      if (bitmap.GetPixel(x, y) >> 24 != 0) return false;
-  return true;
-}
 
 class DesignerWidgetTest : public ::testing::Test {
 protected:
